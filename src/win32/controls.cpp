@@ -1,0 +1,233 @@
+// The controls of a form over their native windows.
+#include "win32/controls.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "win32/accessible.h"
+#include "win32/layout.h"
+#include "win32/windows_api.h"
+
+namespace win32 {
+
+namespace {
+
+constexpr int kTwipsPerPoint = 20;
+constexpr LPARAM kMaxTextLength = 0x7FFFFFFE;
+
+HTREEITEM ToItem(TreeView::Node node) { return reinterpret_cast<HTREEITEM>(node); }
+
+TreeView::Node ToNode(LRESULT item) { return reinterpret_cast<TreeView::Node>(item); }
+
+}  // namespace
+
+std::uint32_t Colour::Value() const { return system_ ? GetSysColor(static_cast<int>(value_)) : value_; }
+
+bool IsHighContrastDesktop() {
+    HIGHCONTRASTW contrast{};
+    contrast.cbSize = sizeof contrast;
+    return SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof contrast, &contrast, 0) != FALSE &&
+           (contrast.dwFlags & HCF_HIGHCONTRASTON) != 0;
+}
+
+Control::Control(Form& form, int id, const wchar_t* name) : form_(form), id_(id), name_(name) {
+    form.controls_.push_back(this);
+}
+
+WindowHandle Control::Handle() const { return GetDlgItem(form_.Handle(), id_); }
+
+std::intptr_t Control::Send(unsigned message, std::uintptr_t wParam, std::intptr_t lParam) const {
+    return SendMessageW(Handle(), message, wParam, lParam);
+}
+
+std::wstring Control::Text() const {
+    std::wstring text(static_cast<std::size_t>(Send(WM_GETTEXTLENGTH)), L'\0');
+    text.resize(static_cast<std::size_t>(Send(WM_GETTEXT, text.size() + 1, reinterpret_cast<LPARAM>(text.data()))));
+    return text;
+}
+
+void Control::SetText(const std::wstring& text) const { SetWindowTextW(Handle(), text.c_str()); }
+
+bool Control::IsShown() const { return (GetWindowLongPtrW(Handle(), GWL_STYLE) & WS_VISIBLE) != 0; }
+
+void Control::Show(bool shown) const { ShowWindow(Handle(), shown ? SW_SHOWNA : SW_HIDE); }
+
+bool Control::IsEnabled() const { return IsWindowEnabled(Handle()) != FALSE; }
+
+void Control::Enable(bool enabled) const { EnableWindow(Handle(), enabled ? TRUE : FALSE); }
+
+bool Control::HasFocus() const { return GetFocus() == Handle(); }
+
+void Control::Focus() const { SendMessageW(form_.Handle(), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(Handle()), TRUE); }
+
+int Control::HeightTwips() const {
+    RECT rectangle{};
+    GetWindowRect(Handle(), &rectangle);
+    return form_.ToTwips(rectangle.bottom - rectangle.top);
+}
+
+void Control::SetSpokenName(std::wstring_view name, std::wstring_view shortcut) {
+    Accessibility().SetName(Handle(), name, shortcut);
+    hasSpokenName_ = true;
+}
+
+void Control::OnDetach() {
+    if (std::exchange(hasSpokenName_, false)) Accessibility().Clear(Handle());
+}
+
+void Control::OnNotification(unsigned /*code*/) {}
+
+void Button::OnNotification(unsigned code) {
+    if (code == BN_CLICKED && OnClick) OnClick();
+}
+
+bool CheckButton::IsChecked() const { return Send(BM_GETCHECK) == BST_CHECKED; }
+
+void CheckButton::SetChecked(bool checked) const { Send(BM_SETCHECK, checked ? BST_CHECKED : BST_UNCHECKED); }
+
+void TextBox::OnNotification(unsigned code) {
+    if (code == EN_CHANGE && OnChange) OnChange();
+}
+
+void RichEdit::OnAttach() {
+    text_ = Colour::System(COLOR_WINDOWTEXT);
+    back_ = Colour::System(COLOR_WINDOW);
+    points_ = kFontPoints;
+    // Plain text has one format for all its text, so that later text gets it too.
+    Send(EM_SETTEXTMODE, TM_PLAINTEXT | TM_MULTILEVELUNDO);
+    Send(EM_EXLIMITTEXT, 0, kMaxTextLength);
+    Refresh();
+    OnDpiChanged();
+}
+
+int RichEdit::FontPoints() const {
+    CHARFORMATW format{};
+    format.cbSize = sizeof format;
+    Send(EM_GETCHARFORMAT, SCF_DEFAULT, reinterpret_cast<LPARAM>(&format));
+    return (format.yHeight + kTwipsPerPoint / 2) / kTwipsPerPoint;
+}
+
+void RichEdit::SetFontPoints(int points) {
+    points_ = points;
+    Refresh();
+}
+
+void RichEdit::SetColours(Colour text, Colour back) {
+    text_ = text;
+    back_ = back;
+    Refresh();
+}
+
+void RichEdit::Refresh() const {
+    Send(EM_SETBKGNDCOLOR, 0, static_cast<LPARAM>(back_.Value()));
+    CHARFORMATW format{};
+    format.cbSize = sizeof format;
+    format.dwMask = CFM_SIZE | CFM_COLOR | CFM_FACE | CFM_BOLD;
+    format.yHeight = points_ * kTwipsPerPoint;
+    format.crTextColor = text_.Value();
+    std::copy_n(kFontFace, std::size(kFontFace), format.szFaceName);
+    Send(EM_SETCHARFORMAT, SCF_DEFAULT, reinterpret_cast<LPARAM>(&format));
+    Send(EM_SETCHARFORMAT, SCF_ALL, reinterpret_cast<LPARAM>(&format));
+}
+
+void RichEdit::OnDpiChanged() {
+    // The control measures its text by the DPI that the system started with.
+    const int systemDpi = static_cast<int>(GetDpiForSystem());
+    if (systemDpi > 0 && systemDpi != Owner().Dpi())
+        Send(EM_SETZOOM, static_cast<WPARAM>(Owner().Dpi()), systemDpi);
+    else
+        Send(EM_SETZOOM, 0, 0);
+}
+
+void RichEdit::Insert(const wchar_t* text) const { Send(EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(text)); }
+
+void NoticeLine::OnAttach() { Accessibility().SetLiveRegion(Handle()); }
+
+void NoticeLine::OnDetach() {
+    Accessibility().Clear(Handle());
+    Control::OnDetach();
+}
+
+void NoticeLine::Say(const std::wstring& sentence) const {
+    if (sentence == Text()) return;
+    SetText(sentence);
+    Show(!sentence.empty());
+    Owner().LayOut();
+    if (!sentence.empty()) Accessibility().AnnounceLiveRegion(Handle());
+}
+
+int ListBox::Count() const { return static_cast<int>(Send(LB_GETCOUNT)); }
+
+int ListBox::Selected() const { return static_cast<int>(Send(LB_GETCURSEL)); }
+
+void ListBox::Select(int index) const { Send(LB_SETCURSEL, static_cast<WPARAM>(index)); }
+
+void ListBox::Clear() const { Send(LB_RESETCONTENT); }
+
+void ListBox::Add(const std::wstring& text) const { Send(LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text.c_str())); }
+
+void ListBox::Remove(int index) const { Send(LB_DELETESTRING, static_cast<WPARAM>(index)); }
+
+void ListBox::SetRedraw(bool redraw) const {
+    Send(WM_SETREDRAW, redraw ? TRUE : FALSE);
+    if (redraw) InvalidateRect(Handle(), nullptr, TRUE);
+}
+
+void ListBox::OnNotification(unsigned code) {
+    if (code == LBN_SELCHANGE && OnSelect) OnSelect();
+}
+
+int TreeView::Count() const { return static_cast<int>(Send(TVM_GETCOUNT)); }
+
+void TreeView::Clear() {
+    Send(TVM_DELETEITEM, 0, reinterpret_cast<LPARAM>(TVI_ROOT));
+    keys_.clear();
+    nodes_.clear();
+}
+
+TreeView::Node TreeView::Add(Node parent, std::wstring key, const std::wstring& text) {
+    TVINSERTSTRUCTW insert{};
+    insert.hParent = parent == nullptr ? TVI_ROOT : ToItem(parent);
+    insert.hInsertAfter = TVI_LAST;
+    insert.item.mask = TVIF_TEXT | TVIF_PARAM;
+    insert.item.pszText = const_cast<wchar_t*>(text.c_str());  // only read by the control
+    insert.item.lParam = static_cast<LPARAM>(keys_.size());
+    const Node node = ToNode(Send(TVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&insert)));
+    keys_.push_back(std::move(key));
+    nodes_.push_back(node);
+    return node;
+}
+
+TreeView::Node TreeView::Selected() const { return ToNode(Send(TVM_GETNEXTITEM, TVGN_CARET)); }
+
+void TreeView::Select(Node node) const {
+    Send(TVM_SELECTITEM, TVGN_CARET, reinterpret_cast<LPARAM>(node));
+    if (node != nullptr) Send(TVM_ENSUREVISIBLE, 0, reinterpret_cast<LPARAM>(node));
+}
+
+TreeView::Node TreeView::FindKey(std::wstring_view key) const {
+    const auto found = std::find(keys_.begin(), keys_.end(), key);
+    return found == keys_.end() ? nullptr : nodes_[static_cast<std::size_t>(found - keys_.begin())];
+}
+
+std::wstring TreeView::Key(Node node) const {
+    TVITEMW item{};
+    item.mask = TVIF_PARAM | TVIF_HANDLE;
+    item.hItem = ToItem(node);
+    if (Send(TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&item)) == FALSE) return {};
+    return keys_.at(static_cast<std::size_t>(item.lParam));
+}
+
+std::wstring TreeView::Text(Node node) const {
+    constexpr int kMaxText = 512;
+    std::wstring text(kMaxText, L'\0');
+    TVITEMW item{};
+    item.mask = TVIF_TEXT | TVIF_HANDLE;
+    item.hItem = ToItem(node);
+    item.pszText = text.data();
+    item.cchTextMax = kMaxText;
+    if (Send(TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&item)) == FALSE) return {};
+    return item.pszText;
+}
+
+}  // namespace win32

@@ -1,0 +1,174 @@
+// The modal loop, placement, picker layout and shared keys of all dialogs.
+#include "win32/dialog.h"
+
+#include <array>
+
+#include "win32/layout.h"
+#include "win32/windows_api.h"
+
+namespace win32 {
+
+namespace {
+
+constexpr int kLabelLeft = 200;
+constexpr int kLabelTop = 200;
+constexpr int kSideMargins = 400;
+constexpr int kLabelGap = 60;
+constexpr int kButtonPadding = 300;
+constexpr int kButtonGap = 100;
+constexpr int kButtonVerticalPadding = 160;
+
+bool IsTextBox(HWND window) {
+    std::array<wchar_t, 32> name{};
+    GetClassNameW(window, name.data(), static_cast<int>(name.size()));
+    return lstrcmpiW(name.data(), L"Edit") == 0 || lstrcmpiW(name.data(), MSFTEDIT_CLASS) == 0;
+}
+
+/// Lets pending messages be processed, all but key strokes: they stay in the queue, so none runs a command twice.
+void PumpPendingMessages() {
+    MSG message{};
+    while (PeekMessageW(&message, nullptr, 0, WM_KEYFIRST - 1, PM_REMOVE) != FALSE ||
+           PeekMessageW(&message, nullptr, WM_KEYLAST + 1, 0xFFFF, PM_REMOVE) != FALSE) {
+        if (message.message == WM_QUIT) {
+            PostQuitMessage(static_cast<int>(message.wParam));
+            return;
+        }
+        DispatchMessageW(&message);
+    }
+}
+
+}  // namespace
+
+Dialog::Dialog(const wchar_t* name, int templateId, DialogStyle style) : Form(name, templateId), style_(style) {
+    CancelButton.OnClick = [this] { Cancel(); };
+}
+
+int Dialog::ShowModal() {
+    const HWND owner = GetWindow(Handle(), GW_OWNER);
+    const HWND formerFocus = GetFocus();
+    result_ = kResultCancelled;
+    open_ = true;
+    {
+        const ActiveScope active(*this);
+        if (owner != nullptr) EnableWindow(owner, FALSE);
+        ShowWindow(Handle(), SW_SHOW);
+        SetForegroundWindow(Handle());
+        FirstFocus().Focus();
+        RunMessages(*this, open_);
+        open_ = false;
+    }
+    // The owner comes first: destroying a dialog over a disabled owner would activate another program.
+    if (owner != nullptr) EnableWindow(owner, TRUE);
+    Unload();
+    if (formerFocus != nullptr && IsWindow(formerFocus) != FALSE) SetFocus(formerFocus);
+    return result_;
+}
+
+void Dialog::Close(int result) {
+    result_ = result;
+    open_ = false;
+}
+
+void Dialog::Cancel() { Close(kResultCancelled); }
+
+void Dialog::OnClose() {
+    if (style_.closesDirectly)
+        Close(kResultCancelled);
+    else
+        Cancel();
+}
+
+void Dialog::OnPlace() {
+    const Box box = PlaceDialog(AreaAboveTaskbar(), Dpi());
+    SetWindowPos(Handle(), nullptr, box.left, box.top, box.width, box.height, SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void Dialog::PlaceInMiddle(int widthTwips, int heightTwips) {
+    const Box area = AreaAboveTaskbar();
+    RECT outer{0, 0, ToPixels(widthTwips), ToPixels(heightTwips)};
+    AdjustWindowRectExForDpi(&outer, static_cast<DWORD>(GetWindowLongPtrW(Handle(), GWL_STYLE)), FALSE,
+                             static_cast<DWORD>(GetWindowLongPtrW(Handle(), GWL_EXSTYLE)), static_cast<UINT>(Dpi()));
+    const int width = outer.right - outer.left;
+    const int height = outer.bottom - outer.top;
+    SetWindowPos(Handle(), nullptr, area.left + (area.width - width) / 2, area.top + (area.height - height) / 2, width,
+                 height, SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+std::vector<Dialog::PlacedButton> Dialog::MeasureButtons(const std::vector<Control*>& buttons, int leftTwips,
+                                                         int availableTwips) {
+    std::vector<Control*> shown;
+    std::vector<CaptionWidths> captions;
+    for (Control* button : buttons) {
+        if (!button->IsShown()) continue;
+        shown.push_back(button);
+        captions.push_back(MeasureCaption(button->Text()));
+    }
+    const ButtonRow row =
+        FitButtons(captions, ToPixels(availableTwips), ToPixels(kButtonPadding), ToPixels(kButtonGap));
+    const int height = static_cast<int>(row.lines) * TextTwips(L"A").height + kButtonVerticalPadding;
+    std::vector<PlacedButton> placed;
+    for (std::size_t i = 0; i < shown.size(); ++i) {
+        const int width = ToTwips(row.widths[i]);
+        placed.push_back({shown[i], {leftTwips, 0, width, height}});
+        leftTwips += width + kButtonGap;
+    }
+    return placed;
+}
+
+void Dialog::OnLayout() {
+    if (parts.main == nullptr) return;
+    const Box client = ClientTwips();
+    Placer placer(*this);
+    int top = kLabelTop;
+    for (const Control* label : parts.labels) {
+        const int height = TextTwips(label->Text()).height;
+        placer.Put(*label, {kLabelLeft, top, client.width - kSideMargins, height});
+        top += height + kLabelGap;
+    }
+    const auto buttons = MeasureButtons(parts.buttons, kLabelLeft, client.width - kSideMargins);
+    const int buttonHeight = buttons.front().box.height;
+    const bool notes = parts.notice != nullptr && parts.notice->IsShown();
+    const int noticeHeight = notes ? TextTwips(parts.notice->Text()).height + kLabelGap : 0;
+    const PickerLayout layout = LayOutPicker(client.width, client.height, top, buttonHeight, noticeHeight);
+    placer.Put(*parts.main, layout.main);
+    if (notes)
+        placer.Put(*parts.notice, {kLabelLeft, layout.main.Bottom() + kLabelGap, client.width - kSideMargins,
+                                   noticeHeight - kLabelGap});
+    for (const PlacedButton& placed : buttons) {
+        Box box = placed.box;
+        box.top = layout.buttonTop;
+        placer.Put(*placed.button, box);
+    }
+}
+
+bool Dialog::OnKeyDown(const KeyEvent& key) {
+    const Modifiers& held = key.modifiers;
+    if (key.virtualKey == VK_F4 && held.alt) {
+        OnClose();
+        return true;
+    }
+    if (style_.selectsAll && key.virtualKey == 'A' && held == Modifiers{.ctrl = true}) {
+        if (!IsTextBox(GetFocus())) return false;
+        SelectAllText();
+        return true;
+    }
+    if (key.virtualKey == VK_ESCAPE) {
+        // The dialog manager would cancel with any modifier, so a refused Esc ends here.
+        if (style_.escWithAnyModifier || (!held.ctrl && !held.alt)) OnClose();
+        return true;
+    }
+    return false;
+}
+
+void Dialog::SelectAllText() {
+    const HWND box = GetFocus();
+    SendMessageW(box, EM_SETSEL, 0, -1);
+    const bool wasLocked = (GetWindowLongPtrW(box, GWL_STYLE) & ES_READONLY) != 0;
+    if (wasLocked) return;
+    // Locked while messages run, the same key stroke cannot type over the new selection.
+    SendMessageW(box, EM_SETREADONLY, TRUE, 0);
+    PumpPendingMessages();
+    SendMessageW(box, EM_SETREADONLY, FALSE, 0);
+}
+
+}  // namespace win32

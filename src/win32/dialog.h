@@ -1,0 +1,81 @@
+// What every dialog shares: modal showing, placement, the picker layout and the keys, with the variants as data.
+#pragma once
+
+#include <vector>
+
+#include "win32/controls.h"
+#include "win32/form.h"
+
+namespace win32 {
+
+inline constexpr int kResultOk = 1;
+inline constexpr int kResultCancelled = 2;
+
+/// How a dialog differs from the others in what they share.
+struct DialogStyle {
+    /// Esc cancels with any modifier, not only with neither Ctrl nor Alt.
+    bool escWithAnyModifier = false;
+    /// Esc and Alt+F4 close the dialog without its cancel procedure.
+    bool closesDirectly = false;
+    /// Ctrl+A selects all the text of the text box that has the focus.
+    bool selectsAll = true;
+};
+
+/// A modal dialog with OKButton and CancelButton.
+class Dialog : public Form {
+public:
+    Button OKButton{*this, 1, L"OKButton"};
+    Button CancelButton{*this, 2, L"CancelButton"};
+
+protected:
+    Dialog(const wchar_t* name, int templateId, DialogStyle style = {});
+
+    /// Shows the loaded dialog until it is closed and returns its result: 1 after OK, 2 otherwise. The focus is then back
+    /// where it was.
+    int ShowModal();
+    /// Ends the dialog with a result.
+    void Close(int result);
+
+    /// The control that has the focus when the dialog opens.
+    virtual Control& FirstFocus() = 0;
+    /// The procedure of CancelButton, Esc, Alt+F4 and the window's close.
+    virtual void Cancel();
+
+    /// The parts that the picker layout places, from top to bottom: labels, the main control, the notice line and the
+    /// buttons in their order. Without a main control the dialog lays itself out.
+    struct Parts {
+        std::vector<Control*> labels;
+        Control* main = nullptr;
+        NoticeLine* notice = nullptr;
+        std::vector<Control*> buttons;
+    };
+    Parts parts;
+
+    void OnLayout() override;
+    bool OnKeyDown(const KeyEvent& key) override;
+    void OnClose() override;
+
+    /// Fills the screen above the taskbar but for a margin.
+    void OnPlace() override;
+    /// Places the dialog in the middle of that area with an inner size in twips, for a dialog that does not fill it.
+    void PlaceInMiddle(int widthTwips, int heightTwips);
+    void OnUnloaded() override { open_ = false; }
+
+    /// A button of a row and its place in twips; the row's top is 0.
+    struct PlacedButton {
+        Control* button;
+        Box box;
+    };
+    /// Gives a row of buttons one height and each the width of its caption, within `availableTwips` from `leftTwips` on.
+    /// Hidden buttons take no place.
+    std::vector<PlacedButton> MeasureButtons(const std::vector<Control*>& buttons, int leftTwips, int availableTwips);
+
+private:
+    static void SelectAllText();
+
+    DialogStyle style_;
+    int result_ = kResultCancelled;
+    bool open_ = false;
+};
+
+}  // namespace win32

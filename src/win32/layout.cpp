@@ -1,0 +1,111 @@
+// Layout arithmetic without windows.
+#include "win32/layout.h"
+
+#include <algorithm>
+#include <numeric>
+
+namespace win32 {
+
+namespace {
+
+constexpr int kDialogMargin = 300;
+constexpr int kPickerLeft = 200;
+constexpr int kPickerWidthLoss = 800;
+constexpr int kGap = 5;
+
+/// value * factor / divisor, rounded to the nearest.
+int Scale(int value, int factor, int divisor) {
+    const long long product = static_cast<long long>(value) * factor;
+    const long long half = divisor / 2;
+    return static_cast<int>((product >= 0 ? product + half : product - half) / divisor);
+}
+
+/// How many lines the words take when each line is filled up to `width`.
+std::size_t LinesAt(const CaptionWidths& caption, int width) {
+    std::size_t lines = 1;
+    int used = 0;
+    for (const int word : caption.words) {
+        const int wanted = used == 0 ? word : used + caption.blank + word;
+        if (used != 0 && wanted > width) {
+            ++lines;
+            used = word;
+        } else {
+            used = wanted;
+        }
+    }
+    return lines;
+}
+
+}  // namespace
+
+int TwipsToPixels(int twips, int dpi) { return Scale(twips, dpi, kTwipsPerInch); }
+
+int PixelsToTwips(int pixels, int dpi) { return Scale(pixels, kTwipsPerInch, dpi); }
+
+Box AreaAboveTaskbar(const Box& screen, const std::optional<Box>& taskbar, const Box& workArea) {
+    const bool alongBottom = taskbar && taskbar->height > 0 && taskbar->Bottom() == screen.Bottom() &&
+                             taskbar->top > screen.top && taskbar->left <= screen.left &&
+                             taskbar->Right() >= screen.Right();
+    if (!alongBottom) return workArea;
+    return {screen.left, screen.top, screen.width, screen.height - taskbar->height};
+}
+
+Box PlaceDialog(const Box& area, int dpi) {
+    const int margin = TwipsToPixels(kDialogMargin, dpi);
+    const int bothMargins = TwipsToPixels(2 * kDialogMargin, dpi);
+    return {area.left + margin, area.top + margin, area.width - bothMargins, area.height - bothMargins};
+}
+
+PickerLayout LayOutPicker(int width, int height, int top, int buttonHeight, int belowMain) {
+    PickerLayout layout;
+    const int mainHeight = height - top - buttonHeight * 7 / 4 - belowMain;
+    layout.main = {kPickerLeft, top, std::max(0, width - kPickerWidthLoss), std::max(0, mainHeight)};
+    layout.buttonTop = layout.main.Bottom() + belowMain + buttonHeight / 4;
+    return layout;
+}
+
+MainLayout LayOutMain(const MainLayoutInput& input) {
+    MainLayout layout;
+    layout.width = input.width;
+    layout.infoTop = input.commandsHeight + input.titleHeight;
+    layout.textTop = layout.infoTop + input.infoHeight + kGap;
+    const int rest = input.height - input.titleHeight - input.commandsHeight - input.infoHeight - 4 * kGap;
+    const int shared = std::max(rest, 0);
+    layout.textHeight = rest >= 1 ? shared * 2 / 5 : input.textHeight;
+    layout.editTop = layout.textTop + layout.textHeight + kGap;
+    layout.editHeight = shared * 3 / 5;
+    return layout;
+}
+
+int WrappedWidth(const CaptionWidths& caption, std::size_t lines) {
+    if (caption.words.empty()) return 0;
+    int narrowest = *std::max_element(caption.words.begin(), caption.words.end());
+    int widest = std::accumulate(caption.words.begin(), caption.words.end(), 0) +
+                 caption.blank * static_cast<int>(caption.words.size() - 1);
+    while (narrowest < widest) {
+        const int middle = narrowest + (widest - narrowest) / 2;
+        if (LinesAt(caption, middle) <= lines)
+            widest = middle;
+        else
+            narrowest = middle + 1;
+    }
+    return widest;
+}
+
+ButtonRow FitButtons(std::span<const CaptionWidths> captions, int available, int padding, int gap) {
+    std::size_t mostWords = 1;
+    for (const CaptionWidths& caption : captions) mostWords = std::max(mostWords, caption.words.size());
+    ButtonRow row;
+    for (row.lines = 1; row.lines <= mostWords; ++row.lines) {
+        row.widths.clear();
+        int total = gap * (static_cast<int>(captions.size()) - 1);
+        for (const CaptionWidths& caption : captions) {
+            row.widths.push_back(WrappedWidth(caption, row.lines) + padding);
+            total += row.widths.back();
+        }
+        if (total <= available || row.lines == mostWords) break;
+    }
+    return row;
+}
+
+}  // namespace win32
