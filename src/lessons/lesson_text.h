@@ -1,0 +1,48 @@
+// Lesson keys, node keys and spelled-out texts: what of the lesson files needs no file.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace modTyping {
+
+/// Language variants that the editor writes.
+enum class Variant { Usa, Eng };
+
+/// The kind of a task of command keys.
+inline constexpr std::int16_t kCommandKeysKind = 5;
+/// The kind of a phrase, and an older number for the same.
+inline constexpr std::int16_t kPhraseKind = 3;
+inline constexpr std::int16_t kOlderPhraseKind = 4;
+
+/// "L" and the number, at least two digits.
+std::wstring LessonSectionName(std::int16_t lesson);
+std::wstring KindTaskKey(std::int16_t task);
+std::wstring PrintTaskKey(std::int16_t task, Variant variant);
+std::wstring SpellTaskKey(std::int16_t task, Variant variant);
+std::wstring ExplanationKey(std::int16_t task, Variant variant);
+
+/// The task text spelled out item by item, each item followed by gSep. `kind` is the stored kind as text.
+std::wstring SpellOutTask(std::wstring_view kind, std::wstring_view text);
+
+/// The kind under which a task is written: an older phrase is written as a phrase.
+std::wstring WrittenKind(std::wstring_view kind);
+
+/// The key of a task's tree node.
+std::wstring TaskNodeKey(std::int16_t lesson, std::int16_t task);
+
+/// The numbers of a tree node's key.
+struct Selection {
+    std::int16_t lesson = 0;
+    std::int16_t task = 0;
+    std::int16_t subTask = 0;
+};
+
+/// Reads a node key: its first character dropped, then up to three numbers; what is absent or no number is 0.
+Selection ParseNodeKey(std::wstring_view key);
+
+/// The run request: list name, gSep, and lesson and task, or gNoSelection when both are 0.
+std::wstring RunRequestText(std::wstring_view listName, std::int16_t lesson, std::int16_t task);
+
+}  // namespace modTyping

@@ -1,0 +1,213 @@
+// The lesson files.
+#include "lessons/modTyping.h"
+
+#include <utility>
+
+#include "shell/channel.h"
+#include "shell/modGlobals.h"
+#include "shell/modUtils.h"
+#include "win32/error.h"
+#include "win32/profile.h"
+#include "win32/text.h"
+
+namespace modTyping {
+
+using namespace modGlobals;
+namespace profile = win32::profile;
+
+namespace {
+
+constexpr wchar_t kListSection[] = L"Lessons";
+constexpr wchar_t kLessonCountKey[] = L"NbrOfLessons";
+constexpr wchar_t kTaskCountKey[] = L"NbrOfTasks";
+constexpr wchar_t kTitleKey[] = L"DefTitle";
+constexpr wchar_t kIntroKey[] = L"INTRO_LSN_JAWS";
+constexpr wchar_t kRepetitionsKey[] = L"TaskReps";
+constexpr wchar_t kTerminatorKey[] = L"TaskDL";
+
+// A longer section is written value by value: the system's documented limit for one write is not far above.
+constexpr std::size_t kLargestSectionWrite = 60000;
+
+std::wstring ReadText(const profile::Section& section, std::wstring_view key) {
+    return win32::TrimBlanks(section.ReadString(key, L""));
+}
+
+/// The keys of the variants that come before the base one, by the switches.
+struct VariantKeys {
+    std::wstring magnifier;
+    std::wstring eng;
+    std::wstring nonEng;
+    std::wstring base;
+};
+
+/// The first text of the chain that is not empty.
+std::wstring ReadVariant(const profile::Section& section, const VariantKeys& keys) {
+    std::wstring text;
+    if (IsMAGicUser()) text = ReadText(section, keys.magnifier);
+    if (text.empty() && IsLanguageOne()) text = ReadText(section, keys.eng);
+    if (text.empty() && IsLanguageTwo()) text = ReadText(section, keys.nonEng);
+    return text.empty() ? ReadText(section, keys.base) : text;
+}
+
+std::wstring TitleOf(const profile::Section& section) {
+    return ReadVariant(section, {L"TitleMAG", L"TitleEng", L"TitleNonEng", kTitleKey});
+}
+
+std::wstring IntroOf(const profile::Section& section) {
+    // The title's variants stand before the introduction too: such a lesson shows its title twice.
+    return ReadVariant(section, {L"TitleMAG", L"TitleEng", L"TitleNonEng", kIntroKey});
+}
+
+std::wstring TaskDisplayOf(const profile::Section& section, std::int16_t task) {
+    const std::wstring number = modUtils::ZeroPad(task, 2);
+    return ReadVariant(section, {L"PRINT_MAG_TASK_" + number, L"PRINT_ENG_TASK_" + number,
+                                 L"PRINT_NONENG_TASK_" + number, L"PRINT_USA_TASK_" + number});
+}
+
+std::int16_t LessonCount(const std::wstring& file) { return profile::ReadInt16(file, kListSection, kLessonCountKey); }
+
+CatalogueLesson ReadLesson(const std::wstring& file, std::int16_t number) {
+    CatalogueLesson lesson;
+    lesson.key = LessonSectionName(number);
+    const profile::Section section(file, lesson.key);
+    const std::int16_t taskCount = section.ReadInt16(kTaskCountKey);
+    lesson.text = std::to_wstring(number) + L". " + TitleOf(section);
+    for (std::int16_t task = 1; task <= taskCount; ++task) {
+        if (task > kMaxListedTasks) throw win32::SubscriptError(L"LoadLessons");
+        lesson.tasks.push_back({TaskNodeKey(number, task), TaskDisplayOf(section, task)});
+    }
+    return lesson;
+}
+
+/// Hides a tree and shows it again at the end of the scope, whatever happens in it.
+class HiddenTree {
+public:
+    explicit HiddenTree(const win32::TreeView& tree) : tree_(tree) { tree_.Show(false); }
+    HiddenTree(const HiddenTree&) = delete;
+    HiddenTree& operator=(const HiddenTree&) = delete;
+    ~HiddenTree() { tree_.Show(true); }
+
+private:
+    const win32::TreeView& tree_;
+};
+
+/// The lines of a lesson's section in the order in which they stand in the file.
+std::vector<profile::Line> LessonLines(std::wstring_view title, std::wstring_view intro, std::wstring_view terminator,
+                                       std::int16_t repetitions, const TaskTable& tasks) {
+    const Variant variant = WritingVariant();
+    const auto count = static_cast<std::int16_t>(tasks.UsedRows());
+    std::vector<profile::Line> lines{{kTitleKey, std::wstring(title)},
+                                     {kIntroKey, std::wstring(intro)},
+                                     {kRepetitionsKey, std::to_wstring(repetitions)},
+                                     {kTerminatorKey, std::wstring(terminator)},
+                                     {kTaskCountKey, std::to_wstring(count)}};
+    for (std::int16_t task = 1; task <= count; ++task) {
+        const TaskRow& row = tasks[static_cast<std::size_t>(task - 1)];
+        const std::wstring kind = WrittenKind(row.kind);
+        lines.push_back({KindTaskKey(task), kind});
+        lines.push_back({PrintTaskKey(task, variant), row.text});
+        lines.push_back({SpellTaskKey(task, variant), SpellOutTask(kind, row.text)});
+        lines.push_back({ExplanationKey(task, variant), row.explanation});
+    }
+    return lines;
+}
+
+}  // namespace
+
+Variant WritingVariant() { return IsLanguageOne() ? Variant::Eng : Variant::Usa; }
+
+std::wstring GetLessonTitle(const std::wstring& file, std::int16_t lesson) {
+    modUtils::RequireFile(file, L"GetLessonTitle");
+    return TitleOf(profile::Section(file, LessonSectionName(lesson)));
+}
+
+std::wstring GetLessonIntro(const std::wstring& file, std::int16_t lesson) {
+    modUtils::RequireFile(file, L"GetLessonIntro");
+    return IntroOf(profile::Section(file, LessonSectionName(lesson)));
+}
+
+std::wstring GetTaskDisplay(const std::wstring& file, std::wstring_view section, std::int16_t task) {
+    modUtils::RequireFile(file, L"GetTaskDisplay");
+    return TaskDisplayOf(profile::Section(file, section), task);
+}
+
+std::vector<CatalogueLesson> ReadCatalogue(const std::wstring& file) {
+    const std::int16_t count = LessonCount(file);
+    std::vector<CatalogueLesson> lessons;
+    for (std::int16_t number = 1; number <= count; ++number) {
+        if (number > kMaxListedLessons) throw win32::SubscriptError(L"LoadLessons");
+        lessons.push_back(ReadLesson(file, number));
+    }
+    return lessons;
+}
+
+std::int16_t LoadLessons(const std::wstring& file, win32::TreeView& tree) {
+    modUtils::RequireFile(file, L"LoadLessons");
+    const HiddenTree hidden(tree);
+    const std::vector<CatalogueLesson> lessons = ReadCatalogue(file);
+    for (const CatalogueLesson& lesson : lessons) {
+        const auto root = tree.Add(nullptr, lesson.key, lesson.text);
+        for (const CatalogueTask& task : lesson.tasks) tree.Add(root, task.key, task.text);
+    }
+    return static_cast<std::int16_t>(lessons.size());
+}
+
+std::int16_t GetNextTeachersLessonNbr() {
+    modUtils::RequireFile(gTeachersLessonsIni, L"GetNextTeachersLessonNbr");
+    return win32::ToInt16(LessonCount(gTeachersLessonsIni) + 1);
+}
+
+std::int16_t SaveLesson(std::int16_t lesson, std::wstring_view title, std::wstring_view intro,
+                        std::wstring_view terminator, std::int16_t repetitions, const TaskTable& tasks) {
+    constexpr wchar_t kSource[] = L"SaveLesson";
+    const std::wstring& file = gTeachersLessonsIni;
+    modUtils::RequireFile(file, kSource);
+    const std::int16_t lessonCount = LessonCount(file);
+    modUtils::KeepBackup(file);
+    const std::wstring section = LessonSectionName(lesson);
+    const auto lines = LessonLines(title, intro, terminator, repetitions, tasks);
+    if (profile::SectionBytes(lines) <= kLargestSectionWrite) {
+        profile::WriteSection(file, section, lines, kSource);
+    } else {
+        profile::WriteSection(file, section, {lines.data(), 1}, kSource);
+        for (std::size_t i = 1; i < lines.size(); ++i)
+            profile::WriteString(file, section, lines[i].key, lines[i].value, kSource);
+    }
+    if (lesson > lessonCount)
+        profile::WriteString(file, kListSection, kLessonCountKey, std::to_wstring(lesson), kSource);
+    return static_cast<std::int16_t>(tasks.UsedRows());
+}
+
+std::int16_t SaveNewLesson(std::int16_t lesson, std::vector<std::int16_t>* cutLessons) {
+    constexpr wchar_t kSource[] = L"SaveNewLesson";
+    const std::wstring& file = gTeachersLessonsIni;
+    modUtils::RequireFile(file, kSource);
+    const std::int16_t count = LessonCount(file);
+    if (count < 1 || lesson < 1 || lesson > count) return 0;
+    modUtils::KeepBackup(file);
+    for (std::int16_t number = lesson; number < count; ++number) {
+        const bool cut = profile::CopySection(file, LessonSectionName(static_cast<std::int16_t>(number + 1)),
+                                              LessonSectionName(number), kMovedSectionBytes, kSource);
+        if (cut && cutLessons != nullptr) cutLessons->push_back(number);
+    }
+    profile::RemoveSection(file, LessonSectionName(count), kSource);
+    profile::WriteString(file, kListSection, kLessonCountKey, std::to_wstring(count - 1), kSource);
+    return lesson;
+}
+
+std::wstring ParseSelection(std::wstring_view nodeKey) {
+    const Selection selection = ParseNodeKey(nodeKey);
+    gCurLessonNbr = selection.lesson;
+    gCurTaskNbr = selection.task;
+    gCurSubTaskNbr = selection.subTask;
+    return std::to_wstring(gCurLessonNbr) + gSep + std::to_wstring(gCurTaskNbr);
+}
+
+void SendRunRequest(std::int16_t lesson, std::int16_t task, std::int16_t subTask) {
+    gRunLessonNbr = lesson;
+    gRunTaskNbr = task;
+    gRunSubTaskNbr = subTask;
+    channel::SendToScreenReader(RunRequestText(gLessonTreePrefix, lesson, task));
+}
+
+}  // namespace modTyping
