@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "lessons/dlgLessonEdit.h"
 #include "lessons/modTyping.h"
 #include "shell/channel.h"
 #include "shell/modGlobals.h"
@@ -32,6 +33,8 @@ dlgTyping& dlgTyping::Default() {
 
 dlgTyping::dlgTyping() : Dialog(L"dlgTyping", IDD_TYPING) {
     OKButton.OnClick = [this] { OnOKButtonClick(); };
+    cmdAddLesson.OnClick = [this] { OnAddLessonClick(); };
+    cmdEditLesson.OnClick = [this] { OnEditLessonClick(); };
     cmdRemoveLesson.OnClick = [this] { OnRemoveLessonClick(); };
     parts.main = &tvTasks;
     parts.notice = &lblNotice;
@@ -74,6 +77,27 @@ void dlgTyping::OnOKButtonClick() {
 void dlgTyping::Cancel() {
     modTyping::SendRunRequest(0, 0, 0);
     Close(win32::kResultCancelled);
+}
+
+void dlgTyping::OnAddLessonClick() {
+    gCurLessonNbr = 0;
+    gCurTaskNbr = 0;
+    gLessonTitle.clear();
+    gLessonIntro.clear();
+    gTaskTerminator = L"Space";
+    gTaskReps = 2;
+    int result = win32::kResultCancelled;
+    dlgLessonEdit& editor = dlgLessonEdit::Default();
+    editor.ShowFormAdd(result);
+    if (result == win32::kResultOk) Refill(editor.LessonNumber());
+}
+
+void dlgTyping::OnEditLessonClick() {
+    if (!TakeSelection()) return;
+    int result = win32::kResultCancelled;
+    const std::int16_t lesson = gCurLessonNbr;
+    dlgLessonEdit::Default().ShowFormEdit(lesson, result);
+    if (result == win32::kResultOk) Refill(lesson);
 }
 
 void dlgTyping::OnRemoveLessonClick() {

@@ -32,6 +32,8 @@ private:
     void Cancel() override;
 
     void OnOKButtonClick();
+    void OnAddLessonClick();
+    void OnEditLessonClick();
     void OnRemoveLessonClick();
 
     /// Reads the selected node into the session state; false, after a message, when no node is selected.

@@ -25,6 +25,8 @@ constexpr wchar_t kIntroKey[] = L"INTRO_LSN_JAWS";
 constexpr wchar_t kRepetitionsKey[] = L"TaskReps";
 constexpr wchar_t kTerminatorKey[] = L"TaskDL";
 
+constexpr wchar_t kDefaultTerminator[] = L"Space";
+
 // A longer section is written value by value: the system's documented limit for one write is not far above.
 constexpr std::size_t kLargestSectionWrite = 60000;
 
@@ -32,36 +34,43 @@ std::wstring ReadText(const profile::Section& section, std::wstring_view key) {
     return win32::TrimBlanks(section.ReadString(key, L""));
 }
 
-/// The keys of the variants that come before the base one, by the switches.
+/// The keys of a text's variants without their number, and the number that ends each of them.
 struct VariantKeys {
-    std::wstring magnifier;
-    std::wstring eng;
-    std::wstring nonEng;
-    std::wstring base;
+    const wchar_t* magnifier;
+    const wchar_t* eng;
+    const wchar_t* nonEng;
+    const wchar_t* base;
+    std::wstring number;
 };
 
-/// The first text of the chain that is not empty.
+constexpr wchar_t kTitleMagKey[] = L"TitleMAG";
+constexpr wchar_t kTitleEngKey[] = L"TitleEng";
+constexpr wchar_t kTitleNonEngKey[] = L"TitleNonEng";
+
+VariantKeys TitleKeys() { return {kTitleMagKey, kTitleEngKey, kTitleNonEngKey, kTitleKey, {}}; }
+
+/// The title's variants stand before the introduction too: such a lesson shows its title twice.
+VariantKeys IntroKeys() { return {kTitleMagKey, kTitleEngKey, kTitleNonEngKey, kIntroKey, {}}; }
+
+VariantKeys TaskTextKeys(std::int16_t task) {
+    return {L"PRINT_MAG_TASK_", L"PRINT_ENG_TASK_", L"PRINT_NONENG_TASK_", L"PRINT_USA_TASK_",
+            modUtils::ZeroPad(task, 2)};
+}
+
+/// The first key of the chain, by the switches, whose text is not empty; else the base one.
+std::wstring ChosenKey(const profile::Section& section, const VariantKeys& keys) {
+    const auto hasText = [&](const std::wstring& key) { return !ReadText(section, key).empty(); };
+    if (IsMAGicUser())
+        if (std::wstring key = keys.magnifier + keys.number; hasText(key)) return key;
+    if (IsLanguageOne())
+        if (std::wstring key = keys.eng + keys.number; hasText(key)) return key;
+    if (IsLanguageTwo())
+        if (std::wstring key = keys.nonEng + keys.number; hasText(key)) return key;
+    return keys.base + keys.number;
+}
+
 std::wstring ReadVariant(const profile::Section& section, const VariantKeys& keys) {
-    std::wstring text;
-    if (IsMAGicUser()) text = ReadText(section, keys.magnifier);
-    if (text.empty() && IsLanguageOne()) text = ReadText(section, keys.eng);
-    if (text.empty() && IsLanguageTwo()) text = ReadText(section, keys.nonEng);
-    return text.empty() ? ReadText(section, keys.base) : text;
-}
-
-std::wstring TitleOf(const profile::Section& section) {
-    return ReadVariant(section, {L"TitleMAG", L"TitleEng", L"TitleNonEng", kTitleKey});
-}
-
-std::wstring IntroOf(const profile::Section& section) {
-    // The title's variants stand before the introduction too: such a lesson shows its title twice.
-    return ReadVariant(section, {L"TitleMAG", L"TitleEng", L"TitleNonEng", kIntroKey});
-}
-
-std::wstring TaskDisplayOf(const profile::Section& section, std::int16_t task) {
-    const std::wstring number = modUtils::ZeroPad(task, 2);
-    return ReadVariant(section, {L"PRINT_MAG_TASK_" + number, L"PRINT_ENG_TASK_" + number,
-                                 L"PRINT_NONENG_TASK_" + number, L"PRINT_USA_TASK_" + number});
+    return ReadText(section, ChosenKey(section, keys));
 }
 
 std::int16_t LessonCount(const std::wstring& file) { return profile::ReadInt16(file, kListSection, kLessonCountKey); }
@@ -71,10 +80,10 @@ CatalogueLesson ReadLesson(const std::wstring& file, std::int16_t number) {
     lesson.key = LessonSectionName(number);
     const profile::Section section(file, lesson.key);
     const std::int16_t taskCount = section.ReadInt16(kTaskCountKey);
-    lesson.text = std::to_wstring(number) + L". " + TitleOf(section);
+    lesson.text = std::to_wstring(number) + L". " + ReadVariant(section, TitleKeys());
     for (std::int16_t task = 1; task <= taskCount; ++task) {
         if (task > kMaxListedTasks) throw win32::SubscriptError(L"LoadLessons");
-        lesson.tasks.push_back({TaskNodeKey(number, task), TaskDisplayOf(section, task)});
+        lesson.tasks.push_back({TaskNodeKey(number, task), ReadVariant(section, TaskTextKeys(task))});
     }
     return lesson;
 }
@@ -91,6 +100,23 @@ private:
     const win32::TreeView& tree_;
 };
 
+/// Reads one stored task into the table's next row and adds its text to the list, unless it has nothing at all.
+void ReadTaskForEdit(const profile::Section& section, std::int16_t task, TaskTable& tasks, win32::ListBox& list) {
+    const Variant variant = WritingVariant();
+    const std::wstring textKey = ChosenKey(section, TaskTextKeys(task));
+    const std::wstring explanationKey = ExplanationKey(task, variant);
+    const std::wstring text = ReadText(section, textKey);
+    if (tasks.Load({ReadText(section, SpellTaskKey(task, variant)), ReadText(section, explanationKey),
+                    ReadText(section, KindTaskKey(task)), text, section.IsCut(textKey), section.IsCut(explanationKey)}))
+        list.Add(text);
+}
+
+/// The spelled-out text of a row. A stored one without a text to make it from is kept.
+std::wstring SpellingOf(const TaskRow& row, std::wstring_view kind) {
+    const bool storedOnly = row.text.empty() && row.spelling != kNewTaskSpelling;
+    return storedOnly ? row.spelling : SpellOutTask(kind, row.text);
+}
+
 /// The lines of a lesson's section in the order in which they stand in the file.
 std::vector<profile::Line> LessonLines(std::wstring_view title, std::wstring_view intro, std::wstring_view terminator,
                                        std::int16_t repetitions, const TaskTable& tasks) {
@@ -106,7 +132,7 @@ std::vector<profile::Line> LessonLines(std::wstring_view title, std::wstring_vie
         const std::wstring kind = WrittenKind(row.kind);
         lines.push_back({KindTaskKey(task), kind});
         lines.push_back({PrintTaskKey(task, variant), row.text});
-        lines.push_back({SpellTaskKey(task, variant), SpellOutTask(kind, row.text)});
+        lines.push_back({SpellTaskKey(task, variant), SpellingOf(row, kind)});
         lines.push_back({ExplanationKey(task, variant), row.explanation});
     }
     return lines;
@@ -118,17 +144,17 @@ Variant WritingVariant() { return IsLanguageOne() ? Variant::Eng : Variant::Usa;
 
 std::wstring GetLessonTitle(const std::wstring& file, std::int16_t lesson) {
     modUtils::RequireFile(file, L"GetLessonTitle");
-    return TitleOf(profile::Section(file, LessonSectionName(lesson)));
+    return ReadVariant(profile::Section(file, LessonSectionName(lesson)), TitleKeys());
 }
 
 std::wstring GetLessonIntro(const std::wstring& file, std::int16_t lesson) {
     modUtils::RequireFile(file, L"GetLessonIntro");
-    return IntroOf(profile::Section(file, LessonSectionName(lesson)));
+    return ReadVariant(profile::Section(file, LessonSectionName(lesson)), IntroKeys());
 }
 
 std::wstring GetTaskDisplay(const std::wstring& file, std::wstring_view section, std::int16_t task) {
     modUtils::RequireFile(file, L"GetTaskDisplay");
-    return TaskDisplayOf(profile::Section(file, section), task);
+    return ReadVariant(profile::Section(file, section), TaskTextKeys(task));
 }
 
 std::vector<CatalogueLesson> ReadCatalogue(const std::wstring& file) {
@@ -155,6 +181,33 @@ std::int16_t LoadLessons(const std::wstring& file, win32::TreeView& tree) {
 std::int16_t GetNextTeachersLessonNbr() {
     modUtils::RequireFile(gTeachersLessonsIni, L"GetNextTeachersLessonNbr");
     return win32::ToInt16(LessonCount(gTeachersLessonsIni) + 1);
+}
+
+std::int16_t LoadLessonForEdit(const std::wstring& file, std::int16_t lesson, TaskTable& tasks, win32::ListBox& list,
+                               CutDetails* cut) {
+    modUtils::RequireFile(file, L"LoadLessonForEdit");
+    const profile::Section section(file, LessonSectionName(lesson));
+    const std::int16_t taskCount = section.ReadInt16(kTaskCountKey);
+    const std::wstring titleKey = ChosenKey(section, TitleKeys());
+    gLessonTitle = ReadText(section, titleKey);
+    const std::wstring introKey = ChosenKey(section, IntroKeys());
+    gLessonIntro = ReadText(section, introKey);
+    if (cut != nullptr) *cut = {section.IsCut(titleKey), section.IsCut(introKey)};
+    gTaskTerminator = win32::TrimBlanks(section.ReadString(kTerminatorKey, kDefaultTerminator));
+    gTaskReps = win32::ToInt16(win32::LeadingNumber(section.ReadString(kRepetitionsKey, L"0")));
+    for (std::int16_t task = 1; task <= taskCount; ++task) ReadTaskForEdit(section, task, tasks, list);
+    return static_cast<std::int16_t>(tasks.Count());
+}
+
+void LoadTaskForEdit(const std::wstring& file, std::wstring_view section, std::int16_t task, TaskTable& tasks,
+                     win32::ListBox& list) {
+    modUtils::RequireFile(file, L"LoadTaskForEdit");
+    ReadTaskForEdit(profile::Section(file, section), task, tasks, list);
+}
+
+std::size_t LessonBytes(std::wstring_view title, std::wstring_view intro, std::wstring_view terminator,
+                        std::int16_t repetitions, const TaskTable& tasks) {
+    return profile::SectionBytes(LessonLines(title, intro, terminator, repetitions, tasks));
 }
 
 std::int16_t SaveLesson(std::int16_t lesson, std::wstring_view title, std::wstring_view intro,

@@ -51,6 +51,27 @@ std::int16_t LoadLessons(const std::wstring& file, win32::TreeView& tree);
 /// The number of the next teacher's lesson. Raises error 6 after 32767, file-not-found as "GetNextTeachersLessonNbr".
 std::int16_t GetNextTeachersLessonNbr();
 
+/// Which lesson-level values were stored longer than what is read back.
+struct CutDetails {
+    bool title = false;
+    bool intro = false;
+};
+
+/// Reads a stored lesson into the session state (title, introduction, terminator, repetitions) and the emptied table, and
+/// adds the tasks' texts to the list; returns how many tasks the table holds. What was stored longer than 254 bytes is marked in `cut` and in the rows.
+/// Raises file-not-found as "LoadLessonForEdit", error 6 for a count or number that does not fit 16 bits, error 9 for the
+/// 102nd task.
+std::int16_t LoadLessonForEdit(const std::wstring& file, std::int16_t lesson, TaskTable& tasks, win32::ListBox& list,
+                               CutDetails* cut = nullptr);
+/// Reads one stored task into the table's next row and adds its text to the list; a task with nothing at all is left out.
+/// Raises file-not-found as "LoadTaskForEdit", error 9 for the 102nd task.
+void LoadTaskForEdit(const std::wstring& file, std::wstring_view section, std::int16_t task, TaskTable& tasks,
+                     win32::ListBox& list);
+
+/// How many ANSI bytes the lesson's section would take.
+std::size_t LessonBytes(std::wstring_view title, std::wstring_view intro, std::wstring_view terminator,
+                        std::int16_t repetitions, const TaskTable& tasks);
+
 /// Writes a teacher's lesson after keeping the file as it was; returns how many tasks were written. Raises file-not-found
 /// and what the system refuses as "SaveLesson".
 std::int16_t SaveLesson(std::int16_t lesson, std::wstring_view title, std::wstring_view intro,

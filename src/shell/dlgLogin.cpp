@@ -15,7 +15,6 @@ constexpr wchar_t kInstructions[] = L"Type your first and last name.\r\nThat way
 // Twips.
 constexpr int kMargin = 300;
 constexpr int kGap = 200;
-constexpr int kBoxPadding = 140;
 
 }  // namespace
 
@@ -43,7 +42,7 @@ void dlgLogin::OnPlace() {
 
 int dlgLogin::ContentHeight() {
     const auto buttons = MeasureButtons({&OKButton, &CancelButton}, kMargin, TextTwips(kInstructions).width);
-    return kMargin + TextTwips(kInstructions).height + kGap + TextTwips(L"A").height + kBoxPadding + kGap +
+    return kMargin + TextTwips(kInstructions).height + kGap + BoxHeight() + kGap +
            buttons.front().box.height + kMargin;
 }
 
@@ -54,9 +53,8 @@ void dlgLogin::OnLayout() {
     const int textHeight = TextTwips(kInstructions).height;
     placer.Put(lblLoginInstructions, {kMargin, top, width, textHeight});
     top += textHeight + kGap;
-    const int boxHeight = TextTwips(L"A").height + kBoxPadding;
-    placer.Put(txtLoginName, {kMargin, top, width, boxHeight});
-    top += boxHeight + kGap;
+    placer.Put(txtLoginName, {kMargin, top, width, BoxHeight()});
+    top += BoxHeight() + kGap;
     for (const PlacedButton& placed : MeasureButtons({&OKButton, &CancelButton}, kMargin, width)) {
         win32::Box box = placed.box;
         box.top = top;

@@ -2,10 +2,12 @@
 #include "win32/controls.h"
 
 #include <algorithm>
+#include <cwchar>
 #include <utility>
 
 #include "win32/accessible.h"
 #include "win32/layout.h"
+#include "win32/text.h"
 #include "win32/windows_api.h"
 
 namespace win32 {
@@ -87,6 +89,61 @@ void CheckButton::SetChecked(bool checked) const { Send(BM_SETCHECK, checked ? B
 
 void TextBox::OnNotification(unsigned code) {
     if (code == EN_CHANGE && OnChange) OnChange();
+    if (code == EN_SETFOCUS && OnFocus) OnFocus();
+}
+
+void TextBox::MoveToEnd() const {
+    const auto length = Send(WM_GETTEXTLENGTH);
+    Send(EM_SETSEL, static_cast<WPARAM>(length), length);
+    Send(EM_SCROLLCARET);
+}
+
+struct ValueBox::Procedure {
+    static LRESULT CALLBACK Run(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id, DWORD_PTR box) {
+        const auto& self = *reinterpret_cast<const ValueBox*>(box);
+        const auto character = static_cast<wchar_t>(wParam);
+        switch (message) {
+            case WM_NCDESTROY:
+                RemoveWindowSubclass(window, &Run, id);
+                break;
+            case WM_CHAR:
+                if (character == L'\r' || character == L'\n') return 0;
+                if (self.TakesCharacter && !self.TakesCharacter(character)) return 0;
+                break;
+            case WM_PASTE:
+                if (!self.TakesPaste || self.TakesPaste()) self.Paste();
+                return 0;
+            case WM_SETTEXT:
+            case EM_REPLACESEL:
+                if (lParam != 0) {
+                    const std::wstring kept = DropLineBreaks(reinterpret_cast<const wchar_t*>(lParam));
+                    return DefSubclassProc(window, message, wParam, reinterpret_cast<LPARAM>(kept.c_str()));
+                }
+                break;
+            default:
+                break;
+        }
+        return DefSubclassProc(window, message, wParam, lParam);
+    }
+};
+
+void ValueBox::OnAttach() {
+    Send(EM_SETLIMITTEXT, static_cast<WPARAM>(kMaxTextLength));
+    SetWindowSubclass(Handle(), &Procedure::Run, 1, reinterpret_cast<DWORD_PTR>(this));
+}
+
+void ValueBox::Paste() const {
+    // The control itself would end at the first line break.
+    if (OpenClipboard(Handle()) == FALSE) return;
+    std::wstring text;
+    if (const HANDLE data = GetClipboardData(CF_UNICODETEXT)) {
+        if (const auto* locked = static_cast<const wchar_t*>(GlobalLock(data))) {
+            text.assign(locked, wcsnlen(locked, GlobalSize(data) / sizeof(wchar_t)));
+            GlobalUnlock(data);
+        }
+    }
+    CloseClipboard();
+    Send(EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(text.c_str()));
 }
 
 void RichEdit::OnAttach() {
@@ -141,19 +198,24 @@ void RichEdit::OnDpiChanged() {
 
 void RichEdit::Insert(const wchar_t* text) const { Send(EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(text)); }
 
-void NoticeLine::OnAttach() { Accessibility().SetLiveRegion(Handle()); }
+void LiveLabel::OnAttach() { Accessibility().SetLiveRegion(Handle()); }
 
-void NoticeLine::OnDetach() {
+void LiveLabel::OnDetach() {
     Accessibility().Clear(Handle());
     Control::OnDetach();
 }
 
-void NoticeLine::Say(const std::wstring& sentence) const {
-    if (sentence == Text()) return;
-    SetText(sentence);
-    Show(!sentence.empty());
+void LiveLabel::Say(const std::wstring& text) const {
+    if (text == Text()) return;
+    SetText(text);
+    if (!text.empty()) Accessibility().AnnounceLiveRegion(Handle());
+}
+
+void NoticeLine::Say(const std::wstring& text) const {
+    if (text == Text()) return;
+    Show(!text.empty());
+    LiveLabel::Say(text);
     Owner().LayOut();
-    if (!sentence.empty()) Accessibility().AnnounceLiveRegion(Handle());
 }
 
 int ListBox::Count() const { return static_cast<int>(Send(LB_GETCOUNT)); }

@@ -104,9 +104,31 @@ class TextBox : public Control {
 public:
     using Control::Control;
     std::function<void()> OnChange;
+    std::function<void()> OnFocus;
+
+    /// Puts the caret behind the last character.
+    void MoveToEnd() const;
 
 protected:
     void OnNotification(unsigned code) override;
+};
+
+/// A text box for one INI value: CR and LF are dropped whether typed, pasted or set.
+class ValueBox : public TextBox {
+public:
+    using TextBox::TextBox;
+    /// Decides whether a typed character is taken; all are when this is empty.
+    std::function<bool(wchar_t)> TakesCharacter;
+    /// Decides whether something may be pasted; it may when this is empty.
+    std::function<bool()> TakesPaste;
+
+protected:
+    void OnAttach() override;
+
+private:
+    struct Procedure;  // the subclass procedure
+
+    void Paste() const;
 };
 
 /// A rich edit that shows plain text in one size and one pair of colours, which hold for later text too.
@@ -133,16 +155,22 @@ private:
     int points_ = kFontPoints;
 };
 
-/// The one sentence of a dialog that says what would not be kept: hidden while empty, a live region.
-class NoticeLine : public Control {
+/// A label whose new texts are announced.
+class LiveLabel : public Control {
 public:
     using Control::Control;
-    /// Shows and announces a new sentence, or hides the line when it is empty.
-    void Say(const std::wstring& sentence) const;
+    void Say(const std::wstring& text) const;
 
 protected:
     void OnAttach() override;
     void OnDetach() override;
+};
+
+/// The line of a dialog that says what would not be kept: hidden while empty.
+class NoticeLine : public LiveLabel {
+public:
+    using LiveLabel::LiveLabel;
+    void Say(const std::wstring& text) const;
 };
 
 /// A list box of texts.

@@ -1,6 +1,7 @@
 // The modal loop, placement, picker layout and shared keys of all dialogs.
 #include "win32/dialog.h"
 
+#include <algorithm>
 #include <array>
 
 #include "win32/layout.h"
@@ -10,10 +11,10 @@ namespace win32 {
 
 namespace {
 
-constexpr int kLabelLeft = 200;
 constexpr int kLabelTop = 200;
 constexpr int kSideMargins = 400;
-constexpr int kLabelGap = 60;
+constexpr int kFrameMargin = 120;
+constexpr int kOptionMark = 400;
 constexpr int kButtonPadding = 300;
 constexpr int kButtonGap = 100;
 constexpr int kButtonVerticalPadding = 160;
@@ -115,25 +116,55 @@ std::vector<Dialog::PlacedButton> Dialog::MeasureButtons(const std::vector<Contr
     return placed;
 }
 
+int Dialog::FrameHeight(const OptionFrame& frame, int width) {
+    int height = TextTwips(L"A").height + kFrameMargin;
+    for (const Control* option : frame.options)
+        height += WrappedHeight(option->Text(), width - 2 * kFrameMargin - kOptionMark) + kLineGap;
+    return height;
+}
+
+void Dialog::LayOutFrame(Placer& placer, const OptionFrame& frame, const Box& box) {
+    placer.Put(*frame.frame, box);
+    int top = box.top + TextTwips(L"A").height;
+    for (const Control* option : frame.options) {
+        const int width = box.width - 2 * kFrameMargin;
+        const int height = WrappedHeight(option->Text(), width - kOptionMark);
+        placer.Put(*option, {box.left + kFrameMargin, top, width, height});
+        top += height + kLineGap;
+    }
+}
+
 void Dialog::OnLayout() {
     if (parts.main == nullptr) return;
     const Box client = ClientTwips();
+    const int width = client.width - kSideMargins;
     Placer placer(*this);
     int top = kLabelTop;
-    for (const Control* label : parts.labels) {
-        const int height = TextTwips(label->Text()).height;
-        placer.Put(*label, {kLabelLeft, top, client.width - kSideMargins, height});
-        top += height + kLabelGap;
+    for (const Control* control : parts.above) {
+        const bool isBox = dynamic_cast<const TextBox*>(control) != nullptr;
+        const int height = isBox ? BoxHeight() : WrappedHeight(control->Text(), width);
+        placer.Put(*control, {kPickerLeft, top, isBox ? client.width - kPickerWidthLoss : width, height});
+        top += height + kLineGap;
     }
-    const auto buttons = MeasureButtons(parts.buttons, kLabelLeft, client.width - kSideMargins);
+    const auto buttons = MeasureButtons(parts.buttons, kPickerLeft, width);
     const int buttonHeight = buttons.front().box.height;
+
+    const auto frameCount = static_cast<int>(parts.frames.size());
+    const int frameWidth = frameCount == 0 ? 0 : (client.width - kPickerWidthLoss - (frameCount - 1) * kPickerLeft) / frameCount;
+    int framesHeight = 0;
+    for (const OptionFrame& frame : parts.frames) framesHeight = std::max(framesHeight, FrameHeight(frame, frameWidth));
     const bool notes = parts.notice != nullptr && parts.notice->IsShown();
-    const int noticeHeight = notes ? TextTwips(parts.notice->Text()).height + kLabelGap : 0;
-    const PickerLayout layout = LayOutPicker(client.width, client.height, top, buttonHeight, noticeHeight);
+    const int noticeHeight = notes ? WrappedHeight(parts.notice->Text(), width) : 0;
+    const int belowMain = (frameCount == 0 ? 0 : framesHeight + kLineGap) + (notes ? noticeHeight + kLineGap : 0);
+
+    const PickerLayout layout = LayOutPicker(client.width, client.height, top, buttonHeight, belowMain);
     placer.Put(*parts.main, layout.main);
-    if (notes)
-        placer.Put(*parts.notice, {kLabelLeft, layout.main.Bottom() + kLabelGap, client.width - kSideMargins,
-                                   noticeHeight - kLabelGap});
+    top = layout.main.Bottom() + kLineGap;
+    for (int i = 0; i < frameCount; ++i)
+        LayOutFrame(placer, parts.frames[static_cast<std::size_t>(i)],
+                    {kPickerLeft + i * (frameWidth + kPickerLeft), top, frameWidth, framesHeight});
+    if (frameCount != 0) top += framesHeight + kLineGap;
+    if (notes) placer.Put(*parts.notice, {kPickerLeft, top, width, noticeHeight});
     for (const PlacedButton& placed : buttons) {
         Box box = placed.box;
         box.top = layout.buttonTop;

@@ -11,6 +11,16 @@ namespace win32 {
 inline constexpr int kResultOk = 1;
 inline constexpr int kResultCancelled = 2;
 
+// Twips.
+inline constexpr int kBoxPadding = 140;
+inline constexpr int kLineGap = 60;
+
+/// A group box and the option buttons in it.
+struct OptionFrame {
+    Control* frame = nullptr;
+    std::vector<Control*> options;
+};
+
 /// How a dialog differs from the others in what they share.
 struct DialogStyle {
     /// Esc cancels with any modifier, not only with neither Ctrl nor Alt.
@@ -41,11 +51,12 @@ protected:
     /// The procedure of CancelButton, Esc, Alt+F4 and the window's close.
     virtual void Cancel();
 
-    /// The parts that the picker layout places, from top to bottom: labels, the main control, the notice line and the
-    /// buttons in their order. Without a main control the dialog lays itself out.
+    /// The parts that the picker layout places, from top to bottom: labels and one-line boxes, the main control, the frames
+    /// that stand below it side by side, the notice line and the buttons in their order.
     struct Parts {
-        std::vector<Control*> labels;
+        std::vector<Control*> above;
         Control* main = nullptr;
+        std::vector<OptionFrame> frames;
         NoticeLine* notice = nullptr;
         std::vector<Control*> buttons;
     };
@@ -60,6 +71,13 @@ protected:
     /// Places the dialog in the middle of that area with an inner size in twips, for a dialog that does not fill it.
     void PlaceInMiddle(int widthTwips, int heightTwips);
     void OnUnloaded() override { open_ = false; }
+
+    /// The height of a frame around its options, one below the other, in a width. All in twips.
+    int FrameHeight(const OptionFrame& frame, int width);
+    /// Places a frame and its options.
+    void LayOutFrame(Placer& placer, const OptionFrame& frame, const Box& box);
+    /// The height of a one-line box in twips.
+    int BoxHeight() { return TextTwips(L"A").height + kBoxPadding; }
 
     /// A button of a row and its place in twips; the row's top is 0.
     struct PlacedButton {

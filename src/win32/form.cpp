@@ -47,9 +47,11 @@ public:
         ReleaseDC(nullptr, context_);
     }
 
-    [[nodiscard]] SIZE Measure(std::wstring_view text) const {
-        RECT bounds{};
-        DrawTextW(context_, text.data(), static_cast<int>(text.size()), &bounds, DT_CALCRECT | DT_NOPREFIX);
+    /// The text's size; wrapped at `width` when that is not 0.
+    [[nodiscard]] SIZE Measure(std::wstring_view text, int width = 0) const {
+        RECT bounds{0, 0, width, 0};
+        DrawTextW(context_, text.data(), static_cast<int>(text.size()), &bounds,
+                  DT_CALCRECT | DT_NOPREFIX | (width == 0 ? 0U : DT_WORDBREAK));
         return {bounds.right, bounds.bottom};
     }
 
@@ -153,6 +155,10 @@ Box Form::ClientTwips() const {
 Box Form::TextTwips(std::wstring_view text, int points) {
     const SIZE size = MeasuringContext(FontOf(points)).Measure(text);
     return {0, 0, ToTwips(size.cx), ToTwips(size.cy)};
+}
+
+int Form::WrappedHeight(std::wstring_view text, int widthTwips) {
+    return ToTwips(MeasuringContext(FontOf(kFontPoints)).Measure(text, ToPixels(widthTwips)).cy);
 }
 
 CaptionWidths Form::MeasureCaption(std::wstring_view caption, int points) {

@@ -57,6 +57,8 @@ public:
     [[nodiscard]] Box ClientTwips() const;
     /// The size of a text in twips, in Arial of `points`, its line breaks counted.
     [[nodiscard]] Box TextTwips(std::wstring_view text, int points = kFontPoints);
+    /// The height of a text in twips when it is wrapped at a width.
+    [[nodiscard]] int WrappedHeight(std::wstring_view text, int widthTwips);
     /// The word widths of a caption, in pixels.
     [[nodiscard]] CaptionWidths MeasureCaption(std::wstring_view caption, int points = kFontPoints);
     /// Gives one control the font size `points`; the others have kFontPoints.

@@ -9,8 +9,6 @@ namespace win32 {
 namespace {
 
 constexpr int kDialogMargin = 300;
-constexpr int kPickerLeft = 200;
-constexpr int kPickerWidthLoss = 800;
 constexpr int kGap = 5;
 
 /// value * factor / divisor, rounded to the nearest.

@@ -37,6 +37,10 @@ Box AreaAboveTaskbar(const Box& screen, const std::optional<Box>& taskbar, const
 /// Area in pixels, result in pixels.
 Box PlaceDialog(const Box& area, int dpi);
 
+// Where a dialog's main control stands, in twips.
+inline constexpr int kPickerLeft = 200;
+inline constexpr int kPickerWidthLoss = 800;
+
 /// The main control of a dialog and the top of the button row below it, in twips.
 struct PickerLayout {
     Box main;

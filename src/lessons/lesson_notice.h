@@ -1,0 +1,29 @@
+// What the lesson editors say of texts that the file would not keep.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace modTyping {
+
+/// What the file will not keep of a value, in one sentence that begins with `what` ("The title"); "" when it keeps all.
+std::wstring ValueNotice(std::wstring_view what, std::wstring_view value);
+
+/// What was already lost on loading, in one sentence; "" when nothing was.
+std::wstring CutValueNotice(const std::vector<std::wstring>& cut);
+
+/// Says that a lesson of so many bytes would lose its end; "" while it would not.
+std::wstring LessonSizeNotice(std::size_t bytes);
+
+/// Says that no more tasks are saved; "" while there is room.
+std::wstring FullTableNotice(bool full);
+
+/// Says that repetitions stand at 2 that were more; "" otherwise.
+std::wstring RepetitionsNotice(int stored, bool twiceSelected);
+
+/// The sentences that are not empty, one after the other.
+std::wstring JoinNotices(const std::vector<std::wstring>& sentences);
+
+}  // namespace modTyping
