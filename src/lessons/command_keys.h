@@ -8,8 +8,8 @@
 
 namespace command_keys {
 
-/// Keys with codes in a row and their name: `name`, and behind it the character `counted` plus the distance from the first
-/// code when `counted` is not 0. `stops` tells that the text box must not act on the key.
+/// Keys with codes in a row and their name: `name`, and behind it the character `counted` plus the distance from the
+/// first code when `counted` is not 0. `stops` tells that the text box must not act on the key.
 struct KeyName {
     int first;
     int last;

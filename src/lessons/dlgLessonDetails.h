@@ -12,7 +12,8 @@ class dlgLessonDetails final : public win32::Dialog {
 public:
     static dlgLessonDetails& Default();
 
-    /// Shows the dialog; `result` is 1 when the values were taken into the session state, 2 when they were left as they were.
+    /// Shows the dialog; `result` is 1 when the values were taken into the session state, 2 when they were left as they
+    /// were.
     void ShowForm(std::int16_t lesson, const std::wstring& title, const std::wstring& intro,
                   const std::wstring& terminator, int& result);
 

@@ -123,7 +123,8 @@ void dlgLessonEdit::OnEditTaskClick() {
     RefillList();
     const auto edited = std::find(lineRows_.begin(), lineRows_.end(), row);
     const auto last = static_cast<std::ptrdiff_t>(lineRows_.size()) - 1;
-    lstTasks.Select(static_cast<int>(edited != lineRows_.end() ? edited - lineRows_.begin() : std::min<std::ptrdiff_t>(line, last)));
+    lstTasks.Select(static_cast<int>(edited != lineRows_.end() ? edited - lineRows_.begin()
+                                                               : std::min<std::ptrdiff_t>(line, last)));
     UpdateTaskButtons();
     UpdateNotice();
 }

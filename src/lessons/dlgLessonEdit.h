@@ -16,8 +16,9 @@ class dlgLessonEdit final : public win32::Dialog {
 public:
     static dlgLessonEdit& Default();
 
-    /// Asks for the details of a new lesson, then shows the editor; `result` is 1 when the lesson was saved, 2 otherwise.
-    /// Says so, and opens nothing, when the list has no room for another lesson. Raises what the numbering raises.
+    /// Asks for the details of a new lesson, then shows the editor; `result` is 1 when the lesson was saved, 2
+    /// otherwise. Says so, and opens nothing, when the list has no room for another lesson. Raises what the numbering
+    /// raises.
     void ShowFormAdd(int& result);
     /// Shows the editor on a stored lesson; `result` as for a new one. Raises what the loading raises.
     void ShowFormEdit(std::int16_t lesson, int& result);

@@ -136,9 +136,9 @@ void dlgTaskEdit::OnOKButtonClick() {
 
 void dlgTaskEdit::UpdateNotice() {
     const bool beyondSaved = static_cast<std::size_t>(task_) > modTyping::TaskTable::kSavedRows;
-    lblNotice.Say(modTyping::JoinNotices(
-        {modTyping::FullTableNotice(beyondSaved), modTyping::ValueNotice(L"The task", win32::TrimBlanks(txtTask.Text())),
-         modTyping::ValueNotice(L"The explanation", txtTaskExplanation.Text())}));
+    lblNotice.Say(modTyping::JoinNotices({modTyping::FullTableNotice(beyondSaved),
+                                          modTyping::ValueNotice(L"The task", win32::TrimBlanks(txtTask.Text())),
+                                          modTyping::ValueNotice(L"The explanation", txtTaskExplanation.Text())}));
 }
 
 void dlgTaskEdit::ToggleCapture() {

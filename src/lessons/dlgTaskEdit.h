@@ -62,7 +62,8 @@ private:
     /// The height that all controls take in a width; twips.
     [[nodiscard]] int ContentHeight(int width);
 
-    const win32::OptionFrame kindFrame_{&fraKind, {&optionLetters, &optionSingleWord, &optionWords, &optionCommandKeys}};
+    const win32::OptionFrame kindFrame_{&fraKind,
+                                        {&optionLetters, &optionSingleWord, &optionWords, &optionCommandKeys}};
     std::int16_t task_ = 0;
     std::int16_t shownKind_ = 0;
     bool mbCaptureKeys = false;

@@ -104,8 +104,8 @@ void dlgTyping::OnRemoveLessonClick() {
     if (!TakeSelection()) return;
     const std::int16_t lesson = gCurLessonNbr;
     // No blank stands before the title, which is the selected node's text: listeners know the question so.
-    if (win32::AskYesNoCancel(L"Are you sure you want to remove the lesson" + tvTasks.Text(tvTasks.Selected()) + L"?") !=
-        win32::Answer::Yes)
+    if (win32::AskYesNoCancel(L"Are you sure you want to remove the lesson" + tvTasks.Text(tvTasks.Selected()) +
+                              L"?") != win32::Answer::Yes)
         return;
     std::vector<std::int16_t> cutLessons;
     modTyping::SaveNewLesson(lesson, &cutLessons);

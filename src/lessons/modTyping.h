@@ -24,7 +24,8 @@ Variant WritingVariant();
 
 /// The lesson's title in the variant of the switches, "" when it has none. Raises file-not-found as "GetLessonTitle".
 std::wstring GetLessonTitle(const std::wstring& file, std::int16_t lesson);
-/// The lesson's introduction. A lesson with a title variant shows that instead. Raises file-not-found as "GetLessonIntro".
+/// The lesson's introduction. A lesson with a title variant shows that instead. Raises file-not-found as
+/// "GetLessonIntro".
 std::wstring GetLessonIntro(const std::wstring& file, std::int16_t lesson);
 /// The task's text in the variant of the switches, "" when it has none. Raises file-not-found as "GetTaskDisplay".
 std::wstring GetTaskDisplay(const std::wstring& file, std::wstring_view section, std::int16_t task);
@@ -57,14 +58,14 @@ struct CutDetails {
     bool intro = false;
 };
 
-/// Reads a stored lesson into the session state (title, introduction, terminator, repetitions) and the emptied table, and
-/// adds the tasks' texts to the list; returns how many tasks the table holds. What was stored longer than 254 bytes is marked in `cut` and in the rows.
-/// Raises file-not-found as "LoadLessonForEdit", error 6 for a count or number that does not fit 16 bits, error 9 for the
-/// 102nd task.
+/// Reads a stored lesson into the session state (title, introduction, terminator, repetitions) and the emptied table,
+/// and adds the tasks' texts to the list; returns how many tasks the table holds. What was stored longer than 254 bytes
+/// is marked in `cut` and in the rows. Raises file-not-found as "LoadLessonForEdit", error 6 for a count or number that
+/// does not fit 16 bits, error 9 for the 102nd task.
 std::int16_t LoadLessonForEdit(const std::wstring& file, std::int16_t lesson, TaskTable& tasks, win32::ListBox& list,
                                CutDetails* cut = nullptr);
-/// Reads one stored task into the table's next row and adds its text to the list; a task with nothing at all is left out.
-/// Raises file-not-found as "LoadTaskForEdit", error 9 for the 102nd task.
+/// Reads one stored task into the table's next row and adds its text to the list; a task with nothing at all is left
+/// out. Raises file-not-found as "LoadTaskForEdit", error 9 for the 102nd task.
 void LoadTaskForEdit(const std::wstring& file, std::wstring_view section, std::int16_t task, TaskTable& tasks,
                      win32::ListBox& list);
 
@@ -72,14 +73,14 @@ void LoadTaskForEdit(const std::wstring& file, std::wstring_view section, std::i
 std::size_t LessonBytes(std::wstring_view title, std::wstring_view intro, std::wstring_view terminator,
                         std::int16_t repetitions, const TaskTable& tasks);
 
-/// Writes a teacher's lesson after keeping the file as it was; returns how many tasks were written. Raises file-not-found
-/// and what the system refuses as "SaveLesson".
+/// Writes a teacher's lesson after keeping the file as it was; returns how many tasks were written. Raises
+/// file-not-found and what the system refuses as "SaveLesson".
 std::int16_t SaveLesson(std::int16_t lesson, std::wstring_view title, std::wstring_view intro,
                         std::wstring_view terminator, std::int16_t repetitions, const TaskTable& tasks);
 
-/// Removes a teacher's lesson after keeping the file as it was, and closes the gap; returns its number, or 0 when there is
-/// no such lesson. Adds to `cutLessons` the new numbers of lessons that lost their end on moving. Raises file-not-found and
-/// what the system refuses as "SaveNewLesson".
+/// Removes a teacher's lesson after keeping the file as it was, and closes the gap; returns its number, or 0 when there
+/// is no such lesson. Adds to `cutLessons` the new numbers of lessons that lost their end on moving. Raises
+/// file-not-found and what the system refuses as "SaveNewLesson".
 std::int16_t SaveNewLesson(std::int16_t lesson, std::vector<std::int16_t>* cutLessons = nullptr);
 
 /// Reads a node key into the selected-lesson fields; returns lesson, gSep, task as text.

@@ -40,7 +40,8 @@ public:
     [[nodiscard]] bool IsFull() const { return count_ >= kSavedRows; }
 
     /// Takes a stored task as it was read; one that has a text or an explanation counts as in use even when it is not
-    /// spelled out. A task with nothing at all is left out. Returns whether it was taken. Raises error 9 beyond row 100.
+    /// spelled out. A task with nothing at all is left out. Returns whether it was taken. Raises error 9 beyond row
+    /// 100.
     bool Load(TaskRow row);
     /// Adds a task written now; false, and nothing changed, when the table is full.
     bool Append(std::wstring kind, std::wstring text, std::wstring explanation);

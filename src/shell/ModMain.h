@@ -22,7 +22,8 @@ void SetFileNames(const std::wstring& userAppData, const std::wstring& commonApp
 void CreateUserFolders();
 /// Copies each settings file that the user folder lacks from the common folder.
 void CopyDefaultFiles();
-/// Copies the network's teacher files over the local ones; what the user folder lacks then comes from the common folder.
+/// Copies the network's teacher files over the local ones; what the user folder lacks then comes from the common
+/// folder.
 void CopyNetworkTeacherFiles();
 /// Copies each teacher file that the user folder lacks from the common folder.
 void CopyTeacherFiles();

@@ -42,8 +42,7 @@ void dlgLogin::OnPlace() {
 
 int dlgLogin::ContentHeight() {
     const auto buttons = MeasureButtons({&OKButton, &CancelButton}, kMargin, TextTwips(kInstructions).width);
-    return kMargin + TextTwips(kInstructions).height + kGap + BoxHeight() + kGap +
-           buttons.front().box.height + kMargin;
+    return kMargin + TextTwips(kInstructions).height + kGap + BoxHeight() + kGap + buttons.front().box.height + kMargin;
 }
 
 void dlgLogin::OnLayout() {

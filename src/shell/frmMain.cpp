@@ -21,10 +21,10 @@ using namespace modGlobals;
 
 struct frmMain::CommandKey {
     enum class Held {
-        AltAndAny,       // Alt, whatever else
-        CtrlAltShift,    // all three
-        CtrlOnly,        // Ctrl alone
-        NoCtrlNoAlt,     // neither; Shift may be held
+        AltAndAny,     // Alt, whatever else
+        CtrlAltShift,  // all three
+        CtrlOnly,      // Ctrl alone
+        NoCtrlNoAlt,   // neither; Shift may be held
     };
 
     Held held;
@@ -169,7 +169,8 @@ void frmMain::OnLoad() {
     SetCaptions();
     rtfMain.SetColours(System(COLOR_WINDOWTEXT), System(COLOR_3DLIGHT));
     ColourTaskInfo();
-    win32::RunStep(report, [this] { rtfLessonTaskInfo.SetText(modUtils::LoadLabel1Text(gGeneralIni, kTextSection, true)); });
+    win32::RunStep(report,
+                   [this] { rtfLessonTaskInfo.SetText(modUtils::LoadLabel1Text(gGeneralIni, kTextSection, true)); });
     win32::RunStep(report, [this] { rtfMain.SetText(modUtils::LoadMultiRowText(gGeneralIni, kTextSection, true)); });
     cmdAccessibility.Show(false);
     SetTimer(Handle(), IDT_MAIN_LOGIN, kLoginDelay, nullptr);
@@ -310,8 +311,8 @@ void frmMain::ShowStudentProfile() {}
 void frmMain::ShowChannelText() { win32::ShowMessage(L"cmdAccessibility:" + cmdAccessibility.Text()); }
 
 bool frmMain::OnKeyDown(const win32::KeyEvent& key) {
-    const auto command = std::find_if(kCommandKeys.begin(), kCommandKeys.end(),
-                                      [&](const CommandKey& row) { return row.Matches(key); });
+    const auto command =
+        std::find_if(kCommandKeys.begin(), kCommandKeys.end(), [&](const CommandKey& row) { return row.Matches(key); });
     if (command != kCommandKeys.end()) {
         (this->*command->run)();
         return true;
@@ -339,8 +340,9 @@ int frmMain::LayOutCommands(win32::Placer& placer, int width) {
         commandsWidth = 2 * kFrameMargin - kCommandGap;
         for (std::size_t i = 0; i < commands_.size(); ++i) {
             const CommandButton& command = commands_[i];
-            commandWidths[i] = kCommandPadding + std::max(TextTwips(ShownCaption(command, command.preset), points).width,
-                                                          TextTwips(ShownCaption(command, command.teacher), points).width);
+            commandWidths[i] =
+                kCommandPadding + std::max(TextTwips(ShownCaption(command, command.preset), points).width,
+                                           TextTwips(ShownCaption(command, command.teacher), points).width);
             if (command.button == &chkF11) commandWidths[i] += kCheckMark;
             commandsWidth += commandWidths[i] + kCommandGap;
         }
@@ -370,7 +372,8 @@ int frmMain::LayOutCommands(win32::Placer& placer, int width) {
     placer.Put(fraAppearance, {commandsWidth, 0, settingsWidth, frameHeight});
     int settingTop = top;
     for (const win32::Button* button : settings) {
-        placer.Put(*button, {commandsWidth + kFrameMargin, settingTop, settingsWidth - 2 * kFrameMargin, settingHeight});
+        placer.Put(*button,
+                   {commandsWidth + kFrameMargin, settingTop, settingsWidth - 2 * kFrameMargin, settingHeight});
         settingTop += settingHeight + kCommandGap;
     }
     return frameHeight;

@@ -147,7 +147,9 @@ void KeepBackup(const std::wstring& file) {
 }
 
 std::optional<std::wstring> LearnerFolderName(std::wstring_view userName) {
-    const auto illegal = [](wchar_t c) { return c < L' ' || std::wstring_view(L"\\/:*?\"<>|").find(c) != std::wstring_view::npos; };
+    const auto illegal = [](wchar_t c) {
+        return c < L' ' || std::wstring_view(L"\\/:*?\"<>|").find(c) != std::wstring_view::npos;
+    };
     if (std::any_of(userName.begin(), userName.end(), illegal)) return std::nullopt;
     std::wstring name(userName.substr(0, userName.find_last_not_of(L" .") + 1));
     if (name.empty() || IsDeviceName(name)) return std::nullopt;

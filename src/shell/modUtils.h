@@ -32,7 +32,8 @@ std::wstring LoadMultiRowText(const std::wstring& file, std::wstring_view sectio
 /// The instructions of a section. Raises file-not-found as "LoadInstructionsCaption".
 std::wstring LoadInstructionsCaption(const std::wstring& file, std::wstring_view section);
 
-/// Records gUserDataPath in the file when another value stands there. Always false. Raises file-not-found as "SaveUserPath".
+/// Records gUserDataPath in the file when another value stands there. Always false. Raises file-not-found as
+/// "SaveUserPath".
 bool SaveUserPath(const std::wstring& file);
 /// Reads the language, adult and magnifier switches. Raises file-not-found as "ReadKeystrideIni".
 void ReadKeystrideIni();
@@ -49,7 +50,8 @@ bool CopyPath(std::wstring& source, const std::wstring& destinationFolder);
 /// Keeps a file as it is now beside itself, with the ending .bak. A failing backup stops nothing.
 void KeepBackup(const std::wstring& file);
 
-/// The folder name of a learner, without blanks and full stops at its end; none when the name is no legal single folder name.
+/// The folder name of a learner, without blanks and full stops at its end; none when the name is no legal single folder
+/// name.
 std::optional<std::wstring> LearnerFolderName(std::wstring_view userName);
 
 /// Makes the folder of the signed-on learner under Student Records when it is not there and the name allows one.

@@ -6,7 +6,8 @@
 
 namespace sign_on {
 
-/// Why a name is refused; "" when it is accepted. The length counts blanks at the ends, the search for a blank does not.
+/// Why a name is refused; "" when it is accepted. The length counts blanks at the ends, the search for a blank does
+/// not.
 std::wstring ValidateName(std::wstring_view name);
 
 /// Makes an accepted name the learner: session state, the network's records and the learner's folder.

@@ -61,7 +61,8 @@ private:
     static ComPtr<IAccPropServices> Create() {
         ComPtr<IAccPropServices> services;
         void* created = nullptr;
-        if (SUCCEEDED(CoCreateInstance(CLSID_AccPropServices, nullptr, CLSCTX_INPROC_SERVER, IID_IAccPropServices, &created)))
+        if (SUCCEEDED(
+                CoCreateInstance(CLSID_AccPropServices, nullptr, CLSCTX_INPROC_SERVER, IID_IAccPropServices, &created)))
             *services.Put() = static_cast<IAccPropServices*>(created);
         return services;
     }

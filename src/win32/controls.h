@@ -213,7 +213,10 @@ public:
     using Control::Text;
 
 protected:
-    void OnAttach() override { keys_.clear(); nodes_.clear(); }
+    void OnAttach() override {
+        keys_.clear();
+        nodes_.clear();
+    }
 
 private:
     std::vector<std::wstring> keys_;

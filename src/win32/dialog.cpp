@@ -150,7 +150,8 @@ void Dialog::OnLayout() {
     const int buttonHeight = buttons.front().box.height;
 
     const auto frameCount = static_cast<int>(parts.frames.size());
-    const int frameWidth = frameCount == 0 ? 0 : (client.width - kPickerWidthLoss - (frameCount - 1) * kPickerLeft) / frameCount;
+    const int frameWidth =
+        frameCount == 0 ? 0 : (client.width - kPickerWidthLoss - (frameCount - 1) * kPickerLeft) / frameCount;
     int framesHeight = 0;
     for (const OptionFrame& frame : parts.frames) framesHeight = std::max(framesHeight, FrameHeight(frame, frameWidth));
     const bool notes = parts.notice != nullptr && parts.notice->IsShown();

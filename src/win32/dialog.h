@@ -40,8 +40,8 @@ public:
 protected:
     Dialog(const wchar_t* name, int templateId, DialogStyle style = {});
 
-    /// Shows the loaded dialog until it is closed and returns its result: 1 after OK, 2 otherwise. The focus is then back
-    /// where it was.
+    /// Shows the loaded dialog until it is closed and returns its result: 1 after OK, 2 otherwise. The focus is then
+    /// back where it was.
     int ShowModal();
     /// Ends the dialog with a result.
     void Close(int result);
@@ -51,8 +51,8 @@ protected:
     /// The procedure of CancelButton, Esc, Alt+F4 and the window's close.
     virtual void Cancel();
 
-    /// The parts that the picker layout places, from top to bottom: labels and one-line boxes, the main control, the frames
-    /// that stand below it side by side, the notice line and the buttons in their order.
+    /// The parts that the picker layout places, from top to bottom: labels and one-line boxes, the main control, the
+    /// frames that stand below it side by side, the notice line and the buttons in their order.
     struct Parts {
         std::vector<Control*> above;
         Control* main = nullptr;
@@ -84,8 +84,8 @@ protected:
         Control* button;
         Box box;
     };
-    /// Gives a row of buttons one height and each the width of its caption, within `availableTwips` from `leftTwips` on.
-    /// Hidden buttons take no place.
+    /// Gives a row of buttons one height and each the width of its caption, within `availableTwips` from `leftTwips`
+    /// on. Hidden buttons take no place.
     std::vector<PlacedButton> MeasureButtons(const std::vector<Control*>& buttons, int leftTwips, int availableTwips);
 
 private:

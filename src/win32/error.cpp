@@ -15,8 +15,8 @@ namespace {
 std::wstring SystemMessage(DWORD code) {
     wchar_t* text = nullptr;
     const DWORD length =
-        FormatMessageW(FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr,
-                       code, 0, reinterpret_cast<wchar_t*>(&text), 0, nullptr);
+        FormatMessageW(FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS,
+                       nullptr, code, 0, reinterpret_cast<wchar_t*>(&text), 0, nullptr);
     std::wstring message(text == nullptr ? L"" : text, length);
     LocalFree(text);
     while (!message.empty() && message.back() <= L' ') message.pop_back();
@@ -30,7 +30,9 @@ AppError::AppError(std::int32_t number, std::wstring source, std::wstring descri
 
 AppError OverflowError(std::wstring source) { return {kOverflowNumber, std::move(source), L"Overflow"}; }
 
-AppError SubscriptError(std::wstring source) { return {kSubscriptNumber, std::move(source), L"Subscript out of range"}; }
+AppError SubscriptError(std::wstring source) {
+    return {kSubscriptNumber, std::move(source), L"Subscript out of range"};
+}
 
 std::int16_t ToInt16(std::int64_t value) {
     using Limits = std::numeric_limits<std::int16_t>;

@@ -40,7 +40,8 @@ std::int16_t ToInt16(std::int64_t value);
 /// Raises the failed system call as std::system_error, with the call's name for the developer.
 [[noreturn]] void ThrowLastError(const char* call);
 
-/// A file that the system would not let the program write: the description names the file and gives the system's reason.
+/// A file that the system would not let the program write: the description names the file and gives the system's
+/// reason.
 AppError WriteError(std::wstring source, std::wstring_view path, std::uint32_t systemError);
 
 /// The text that the error report shows for an exception.

@@ -18,15 +18,16 @@ namespace win32::files {
 namespace {
 
 std::string ReadBytes(const std::wstring& path, bool& read) {
-    const UniqueHandle<HANDLE, &CloseHandle> file(
-        CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
-                    OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+    const UniqueHandle<HANDLE, &CloseHandle> file(CreateFileW(path.c_str(), GENERIC_READ,
+                                                              FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                                                              nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
     read = file.Get() != INVALID_HANDLE_VALUE;
     std::string bytes;
     if (!read) return bytes;
     std::vector<char> block(65536);
     DWORD count = 0;
-    while ((read = ReadFile(file.Get(), block.data(), static_cast<DWORD>(block.size()), &count, nullptr) != FALSE) && count > 0)
+    while ((read = ReadFile(file.Get(), block.data(), static_cast<DWORD>(block.size()), &count, nullptr) != FALSE) &&
+           count > 0)
         bytes.append(block.data(), count);
     return bytes;
 }

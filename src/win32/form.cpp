@@ -61,7 +61,8 @@ private:
 };
 
 void KeepOwnScaling(HWND dialog) {
-    // The system would scale dialogs on a DPI change by itself, against the forms' own layout; older systems lack the call.
+    // The system would scale dialogs on a DPI change by itself, against the forms' own layout; older systems lack the
+    // call.
     using SetBehaviour = BOOL(WINAPI*)(HWND, int, int);
     constexpr int kDisableAll = 1;
     const auto set = reinterpret_cast<SetBehaviour>(
@@ -239,8 +240,8 @@ MessageResult Form::OnMessage(unsigned message, std::uintptr_t wParam, std::intp
     switch (message) {
         case WM_COMMAND: {
             const int id = LOWORD(wParam);
-            const auto found =
-                std::find_if(controls_.begin(), controls_.end(), [&](const Control* control) { return control->Id() == id; });
+            const auto found = std::find_if(controls_.begin(), controls_.end(),
+                                            [&](const Control* control) { return control->Id() == id; });
             if (found == controls_.end()) return FALSE;
             (*found)->OnNotification(HIWORD(wParam));
             return TRUE;
@@ -320,7 +321,8 @@ void RunMessages(Form& form, const bool& open) {
         // The loop further out has to see the end of the program too.
         if (got == 0) PostQuitMessage(static_cast<int>(message.wParam));
         if (got <= 0) break;
-        if (form.PreviewKey(message) || (form.IsLoaded() && IsDialogMessageW(form.Handle(), &message) != FALSE)) continue;
+        if (form.PreviewKey(message) || (form.IsLoaded() && IsDialogMessageW(form.Handle(), &message) != FALSE))
+            continue;
         TranslateMessage(&message);
         DispatchMessageW(&message);
     }

@@ -31,7 +31,8 @@ struct ControlColours {
     HBRUSH__* background = nullptr;
 };
 
-/// One window of the program. Its controls are members that register themselves; it can be loaded and unloaded many times.
+/// One window of the program. Its controls are members that register themselves; it can be loaded and unloaded many
+/// times.
 class Form {
 public:
     Form(const Form&) = delete;
@@ -41,8 +42,8 @@ public:
     [[nodiscard]] WindowHandle Handle() const { return handle_; }
     [[nodiscard]] bool IsLoaded() const { return handle_ != nullptr; }
 
-    /// Creates the window, hidden and owned by the form that is active now, and runs OnLoad; an error in OnLoad destroys it
-    /// again and goes on to the caller. Does nothing when the window exists.
+    /// Creates the window, hidden and owned by the form that is active now, and runs OnLoad; an error in OnLoad
+    /// destroys it again and goes on to the caller. Does nothing when the window exists.
     void Load();
     /// Destroys the window, if there is one.
     void Unload();
@@ -112,7 +113,7 @@ private:
     WindowHandle handle_ = nullptr;
     std::vector<Control*> controls_;
     int dpi_ = kStandardDpi;
-    std::map<int, int> fontPoints_;               // by control identifier
+    std::map<int, int> fontPoints_;              // by control identifier
     std::map<std::pair<int, int>, Font> fonts_;  // by points and DPI
 };
 
@@ -158,7 +159,8 @@ public:
 /// The area of the primary screen above the taskbar, in pixels.
 Box AreaAboveTaskbar();
 
-/// Runs messages while `open` holds: each goes through the form's key preview and the dialog manager, then on to its window.
+/// Runs messages while `open` holds: each goes through the form's key preview and the dialog manager, then on to its
+/// window.
 void RunMessages(Form& form, const bool& open);
 
 }  // namespace win32

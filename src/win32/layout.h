@@ -33,8 +33,8 @@ int PixelsToTwips(int pixels, int dpi);
 /// absent. All in pixels.
 Box AreaAboveTaskbar(const Box& screen, const std::optional<Box>& taskbar, const Box& workArea);
 
-/// Where a dialog that fills the area goes: a margin of 300 twips at the left, right and top, and 300 above the taskbar.
-/// Area in pixels, result in pixels.
+/// Where a dialog that fills the area goes: a margin of 300 twips at the left, right and top, and 300 above the
+/// taskbar. Area in pixels, result in pixels.
 Box PlaceDialog(const Box& area, int dpi);
 
 // Where a dialog's main control stands, in twips.
@@ -47,8 +47,8 @@ struct PickerLayout {
     int buttonTop = 0;
 };
 
-/// Places the main control in a client area of width x height: left 200, from `top` down to 1.75 button heights above the
-/// bottom, less `belowMain` for what stands between it and the buttons. All in twips.
+/// Places the main control in a client area of width x height: left 200, from `top` down to 1.75 button heights above
+/// the bottom, less `belowMain` for what stands between it and the buttons. All in twips.
 PickerLayout LayOutPicker(int width, int height, int top, int buttonHeight, int belowMain);
 
 /// The vertical places of the main window, in twips.
@@ -87,8 +87,8 @@ struct ButtonRow {
     std::vector<int> widths;
 };
 
-/// The fewest lines on which all the captions fit side by side in `available` pixels, each with `padding` around its text
-/// and `gap` between two; when nothing fits, the narrowest form of all.
+/// The fewest lines on which all the captions fit side by side in `available` pixels, each with `padding` around its
+/// text and `gap` between two; when nothing fits, the narrowest form of all.
 ButtonRow FitButtons(std::span<const CaptionWidths> captions, int available, int padding, int gap);
 
 }  // namespace win32

@@ -106,8 +106,7 @@ std::wstring ReadString(const std::wstring& file, std::wstring_view section, std
 
 std::int16_t ReadInt16(const std::wstring& file, std::wstring_view section, std::wstring_view key) {
     ++callCount;
-    const UINT number =
-        GetPrivateProfileIntA(ToAnsi(section).c_str(), ToAnsi(key).c_str(), 0, ToAnsi(file).c_str());
+    const UINT number = GetPrivateProfileIntA(ToAnsi(section).c_str(), ToAnsi(key).c_str(), 0, ToAnsi(file).c_str());
     return ToInt16(static_cast<std::int32_t>(number));
 }
 
@@ -190,8 +189,10 @@ Section& Section::operator=(Section&&) noexcept = default;
 std::wstring Section::ReadString(std::wstring_view key, std::wstring_view defaultText) const {
     const std::optional<std::string_view>* found = index_->Find(key);
     if (found == nullptr) return TrimTrailingBlanks(defaultText);
-    // A line without "=" and the edges of very long or just fitting quoted values differ between systems: ask the system.
-    if (!found->has_value() || (*found)->size() >= kLongValue) return profile::ReadString(file_, name_, key, defaultText);
+    // A line without "=" and the edges of very long or just fitting quoted values differ between systems: ask the
+    // system.
+    if (!found->has_value() || (*found)->size() >= kLongValue)
+        return profile::ReadString(file_, name_, key, defaultText);
     std::string_view value = **found;
     if (IsQuoted(value)) {
         value = value.substr(1, value.size() - 2);

@@ -19,7 +19,8 @@ struct Line {
     std::wstring value;
 };
 
-/// The value of a key, cut at 254 ANSI bytes and not trimmed by the caller's rules; a missing key gives the default text.
+/// The value of a key, cut at 254 ANSI bytes and not trimmed by the caller's rules; a missing key gives the default
+/// text.
 std::wstring ReadString(const std::wstring& file, std::wstring_view section, std::wstring_view key,
                         std::wstring_view defaultText);
 

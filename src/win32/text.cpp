@@ -59,7 +59,8 @@ std::string ToAnsi(std::wstring_view text) {
 
 std::wstring FromAnsi(std::string_view bytes) {
     const int length = static_cast<int>(bytes.size());
-    std::wstring text(static_cast<std::size_t>(MultiByteToWideChar(CP_ACP, 0, bytes.data(), length, nullptr, 0)), L'\0');
+    std::wstring text(static_cast<std::size_t>(MultiByteToWideChar(CP_ACP, 0, bytes.data(), length, nullptr, 0)),
+                      L'\0');
     MultiByteToWideChar(CP_ACP, 0, bytes.data(), length, text.data(), static_cast<int>(text.size()));
     return text;
 }
