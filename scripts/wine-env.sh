@@ -21,7 +21,8 @@ keystride_start_display() {
     local fifo number
     fifo=$(mktemp -u)
     mkfifo -m 600 "$fifo" || return 1
-    Xvfb -displayfd 3 -screen 0 "${KEYSTRIDE_DESKTOP_SIZE}x24" -nolisten tcp -noreset -s 0 \
+    # It must not outlive a script that is killed without a chance to tidy up.
+    setpriv --pdeathsig TERM Xvfb -displayfd 3 -screen 0 "${KEYSTRIDE_DESKTOP_SIZE}x24" -nolisten tcp -noreset -s 0 \
         3>"$fifo" </dev/null >/dev/null 2>&1 &
     KEYSTRIDE_XVFB=$!
     read -r -t 30 number <"$fifo"
@@ -86,9 +87,9 @@ keystride_use_prefix() {
 }
 
 # Wine's server and desktop live on after the program that started them and would keep its output open:
-# start them apart from it. A program that looks for the taskbar first must find it, too.
+# start them apart from it, to stay for a minute without a program. One that looks for the taskbar first must find it, too.
 keystride_start_wine() {
-    timeout 60 wineserver -p </dev/null >/dev/null 2>&1
+    timeout 60 wineserver -p60 </dev/null >/dev/null 2>&1
     timeout 60 wine rundll32 user32.dll,GetDesktopWindow </dev/null >/dev/null 2>&1
 }
 

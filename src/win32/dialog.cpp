@@ -15,7 +15,7 @@ constexpr int kLabelTop = 200;
 constexpr int kSideMargins = 400;
 constexpr int kFrameMargin = 120;
 constexpr int kOptionMark = 400;
-constexpr int kButtonPadding = 300;
+constexpr int kButtonPadding = 440;
 constexpr int kButtonGap = 100;
 constexpr int kButtonVerticalPadding = 160;
 
