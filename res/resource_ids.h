@@ -1,4 +1,5 @@
-// Identifiers of forms and controls: fixed, unique in the whole program and never reused, since outside programs find controls by them.
+// Identifiers of forms and controls: fixed, unique in the whole program and never reused, since outside programs find
+// controls by them.
 #pragma once
 
 // IDOK and IDCANCEL stand for every dialog's OK (or save) and Cancel button.

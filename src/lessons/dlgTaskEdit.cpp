@@ -150,6 +150,8 @@ void dlgTaskEdit::ToggleCapture() {
     mbCaptureKeys = true;
     BeginCommandKeys();
     txtTask.Focus();
+    // Getting the focus selects all, and the next key would replace what is captured already.
+    txtTask.MoveToEnd();
 }
 
 bool dlgTaskEdit::OnKeyDown(const win32::KeyEvent& key) {
@@ -201,7 +203,7 @@ void dlgTaskEdit::OnPlace() {
     int widest = 0;
     for (const KindOption& row : kKinds) {
         widest = std::max(widest, TextTwips((this->*row.option).Text()).width + kOptionSpace);
-        widest = std::max(widest, TextTwips(row.prompt).width);
+        widest = std::max(widest, TextTwips(row.prompt).width + kMargin);
     }
     const int width = std::min(widest, ToTwips(win32::AreaAboveTaskbar().width) - kScreenMargin);
     PlaceInMiddle(width + 2 * kMargin, ContentHeight(width) + 2 * kMargin);

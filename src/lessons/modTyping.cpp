@@ -1,6 +1,7 @@
 // The lesson files.
 #include "lessons/modTyping.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "shell/channel.h"
@@ -81,6 +82,7 @@ CatalogueLesson ReadLesson(const std::wstring& file, std::int16_t number) {
     const profile::Section section(file, lesson.key);
     const std::int16_t taskCount = section.ReadInt16(kTaskCountKey);
     lesson.text = std::to_wstring(number) + L". " + ReadVariant(section, TitleKeys());
+    lesson.tasks.reserve(static_cast<std::size_t>(std::clamp<std::int16_t>(taskCount, 0, kMaxListedTasks)));
     for (std::int16_t task = 1; task <= taskCount; ++task) {
         if (task > kMaxListedTasks) throw win32::SubscriptError(L"LoadLessons");
         lesson.tasks.push_back({TaskNodeKey(number, task), ReadVariant(section, TaskTextKeys(task))});
@@ -170,10 +172,10 @@ std::vector<CatalogueLesson> ReadCatalogue(const std::wstring& file) {
 std::int16_t LoadLessons(const std::wstring& file, win32::TreeView& tree) {
     modUtils::RequireFile(file, L"LoadLessons");
     const HiddenTree hidden(tree);
-    const std::vector<CatalogueLesson> lessons = ReadCatalogue(file);
-    for (const CatalogueLesson& lesson : lessons) {
-        const auto root = tree.Add(nullptr, lesson.key, lesson.text);
-        for (const CatalogueTask& task : lesson.tasks) tree.Add(root, task.key, task.text);
+    std::vector<CatalogueLesson> lessons = ReadCatalogue(file);
+    for (CatalogueLesson& lesson : lessons) {
+        const auto root = tree.Add(nullptr, std::move(lesson.key), lesson.text);
+        for (CatalogueTask& task : lesson.tasks) tree.Add(root, std::move(task.key), task.text);
     }
     return static_cast<std::int16_t>(lessons.size());
 }

@@ -137,8 +137,8 @@ bool isNetworkVersion() {
 
 bool CopyPath(std::wstring& source, const std::wstring& destinationFolder) {
     if (source.ends_with(L'\\')) source.pop_back();
-    const bool destinationExists = FolderExists(destinationFolder) || FileExists(destinationFolder);
-    return destinationExists && win32::files::ShellCopy(source, destinationFolder);
+    // A file in the folder's place would be overwritten.
+    return FolderExists(destinationFolder) && win32::files::ShellCopy(source, destinationFolder);
 }
 
 void KeepBackup(const std::wstring& file) {

@@ -36,6 +36,8 @@ Control::Control(Form& form, int id, const wchar_t* name) : form_(form), id_(id)
     form.controls_.push_back(this);
 }
 
+Control::~Control() { std::erase(form_.controls_, this); }
+
 WindowHandle Control::Handle() const { return GetDlgItem(form_.Handle(), id_); }
 
 std::intptr_t Control::Send(unsigned message, std::uintptr_t wParam, std::intptr_t lParam) const {
@@ -109,6 +111,11 @@ struct ValueBox::Procedure {
             case WM_CHAR:
                 if (character == L'\r' || character == L'\n') return 0;
                 if (self.TakesCharacter && !self.TakesCharacter(character)) return 0;
+                break;
+            case WM_KEYDOWN:
+                // Not every system's control pastes through WM_PASTE on this key.
+                if (wParam == VK_INSERT && GetKeyState(VK_SHIFT) < 0 && GetKeyState(VK_CONTROL) >= 0)
+                    return SendMessageW(window, WM_PASTE, 0, 0);
                 break;
             case WM_PASTE:
                 if (!self.TakesPaste || self.TakesPaste()) self.Paste();
@@ -254,7 +261,7 @@ TreeView::Node TreeView::Add(Node parent, std::wstring key, const std::wstring& 
     insert.item.mask = TVIF_TEXT | TVIF_PARAM;
     insert.item.pszText = const_cast<wchar_t*>(text.c_str());  // only read by the control
     insert.item.lParam = static_cast<LPARAM>(keys_.size());
-    const Node node = ToNode(Send(TVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&insert)));
+    const Node node = ToNode(SendMessageW(window_, TVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&insert)));
     keys_.push_back(std::move(key));
     nodes_.push_back(node);
     return node;

@@ -38,7 +38,7 @@ public:
     Control(Form& form, int id, const wchar_t* name = nullptr);
     Control(const Control&) = delete;
     Control& operator=(const Control&) = delete;
-    virtual ~Control() = default;
+    virtual ~Control();
 
     [[nodiscard]] WindowHandle Handle() const;
     [[nodiscard]] int Id() const { return id_; }
@@ -216,9 +216,16 @@ protected:
     void OnAttach() override {
         keys_.clear();
         nodes_.clear();
+        window_ = Handle();
+    }
+    void OnDetach() override {
+        window_ = nullptr;
+        Control::OnDetach();
     }
 
 private:
+    // Looking the window up anew for each of many thousand nodes would take most of the time of filling the tree.
+    WindowHandle window_ = nullptr;
     std::vector<std::wstring> keys_;
     std::vector<Node> nodes_;
 };

@@ -179,9 +179,10 @@ bool Dialog::OnKeyDown(const KeyEvent& key) {
         OnClose();
         return true;
     }
-    if (style_.selectsAll && key.virtualKey == 'A' && held == Modifiers{.ctrl = true}) {
+    if (style_.selectsAll && key.virtualKey == 'A' && held.ctrl && !held.alt) {
         if (!IsTextBox(GetFocus())) return false;
-        SelectAllText();
+        // With Shift too the box would select by itself, so the key ends here.
+        if (!held.shift) SelectAllText();
         return true;
     }
     if (key.virtualKey == VK_ESCAPE) {

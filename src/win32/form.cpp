@@ -159,7 +159,9 @@ Box Form::TextTwips(std::wstring_view text, int points) {
 }
 
 int Form::WrappedHeight(std::wstring_view text, int widthTwips) {
-    return ToTwips(MeasuringContext(FontOf(kFontPoints)).Measure(text, ToPixels(widthTwips)).cy);
+    // Places are rounded to pixels on the way from twips, so a control can come out a little narrower than asked for.
+    constexpr int kRounding = 2;
+    return ToTwips(MeasuringContext(FontOf(kFontPoints)).Measure(text, ToPixels(widthTwips) - kRounding).cy);
 }
 
 CaptionWidths Form::MeasureCaption(std::wstring_view caption, int points) {

@@ -3,10 +3,11 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <charconv>
 #include <optional>
-#include <unordered_map>
 #include <utility>
+#include <vector>
 
 #include "win32/error.h"
 #include "win32/text.h"
@@ -25,14 +26,15 @@ std::size_t callCount = 0;
 
 /// Reads a section as the system lists it, NUL after every line; `full` tells that the buffer was too small.
 std::string ReadSectionBytes(const std::string& file, const std::string& section, std::size_t bufferBytes, bool& full) {
-    std::string bytes(bufferBytes, '\0');
+    // Kept between calls: clearing a new buffer takes longer than reading most sections.
+    static std::vector<char> buffer;
+    if (buffer.size() < bufferBytes) buffer.resize(bufferBytes);
     ++callCount;
     const DWORD read =
-        GetPrivateProfileSectionA(section.c_str(), bytes.data(), static_cast<DWORD>(bufferBytes), file.c_str());
+        GetPrivateProfileSectionA(section.c_str(), buffer.data(), static_cast<DWORD>(bufferBytes), file.c_str());
     // An image that fits exactly also reports size - 2.
     full = read + 2 >= bufferBytes;
-    bytes.resize(read);
-    return bytes;
+    return {buffer.data(), read};
 }
 
 void Check(BOOL written, std::wstring_view source, const std::wstring& file) {
@@ -50,25 +52,27 @@ std::string JoinLines(std::span<const Line> lines) {
 
 char FoldAscii(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 
-// Keys are alike when they differ in ASCII case only, whatever the locale.
-struct KeyHash {
-    std::size_t operator()(std::string_view key) const {
-        std::uint64_t hash = 14695981039346656037ULL;  // FNV-1a
-        for (const char c : key) hash = (hash ^ static_cast<unsigned char>(FoldAscii(c))) * 1099511628211ULL;
-        return static_cast<std::size_t>(hash);
-    }
-};
+// Keys are alike when they differ in ASCII case only, whatever the locale. A key asked for may be wide while it is
+// ASCII.
+template <class Text>
+std::size_t HashKey(Text key) {
+    std::uint64_t hash = 14695981039346656037ULL;  // FNV-1a
+    for (const auto c : key)
+        hash = (hash ^ static_cast<unsigned char>(FoldAscii(static_cast<char>(c)))) * 1099511628211ULL;
+    return static_cast<std::size_t>(hash ^ (hash >> 32));
+}
 
-struct KeyEqual {
-    bool operator()(std::string_view left, std::string_view right) const {
-        return std::equal(left.begin(), left.end(), right.begin(), right.end(),
-                          [](char a, char b) { return FoldAscii(a) == FoldAscii(b); });
-    }
-};
+template <class Text>
+bool SameKey(std::string_view left, Text right) {
+    return std::equal(left.begin(), left.end(), right.begin(), right.end(),
+                      [](char a, auto b) { return FoldAscii(a) == FoldAscii(static_cast<char>(b)); });
+}
 
 /// Trims what the profile functions trim, which no locale's isspace matches.
 std::string_view TrimProfile(std::string_view text) {
     constexpr std::string_view kTrimmed = "\t\n\v\f\r\x1a ";
+    const auto stays = [](char c) { return static_cast<unsigned char>(c) > ' '; };
+    if (!text.empty() && stays(text.front()) && stays(text.back())) return text;
     const auto first = text.find_first_not_of(kTrimmed);
     if (first == std::string_view::npos) return {};
     return text.substr(first, text.find_last_not_of(kTrimmed) - first + 1);
@@ -138,7 +142,8 @@ bool CopySection(const std::wstring& file, std::wstring_view from, std::wstring_
     bool cut = false;
     if (full) {
         bool stillFull = false;
-        cut = ReadSectionBytes(path, ToAnsi(from), bufferBytes * 2, stillFull).size() > bytes.size();
+        // A section that just fits lacks nothing but its last NUL here.
+        cut = ReadSectionBytes(path, ToAnsi(from), bufferBytes * 2, stillFull).size() > bytes.size() + 1;
     }
     // The list that the section writer takes ends with one more NUL than its last line.
     bytes.append(2, '\0');
@@ -151,14 +156,49 @@ std::size_t SectionBytes(std::span<const Line> lines) { return JoinLines(lines).
 
 std::size_t CallCount() { return callCount; }
 
+/// The lines of one section, found by key without a separate allocation for each.
 struct Section::Index {
-    std::string bytes;
-    // Only the first line of a key counts, as it does for the single-value call; no value marks a line without "=".
-    std::unordered_map<std::string_view, std::optional<std::string_view>, KeyHash, KeyEqual> values;
+    struct Entry {
+        std::string_view key;
+        std::optional<std::string_view> value;  // none for a line without "="
+    };
 
-    [[nodiscard]] const std::optional<std::string_view>* Find(std::wstring_view key) const {
-        const auto found = values.find(ToAnsi(key));
-        return found == values.end() ? nullptr : &found->second;
+    std::string bytes;
+    std::vector<Entry> entries;
+    std::vector<std::uint32_t> slots;  // open addressing: 0 is free, else the entry's number from 1
+
+    // Only the first line of a key counts, as it does for the single-value call.
+    template <class Text>
+    std::uint32_t& SlotOf(Text key) {
+        const std::size_t mask = slots.size() - 1;
+        std::size_t slot = HashKey(key) & mask;
+        while (slots[slot] != 0 && !SameKey(entries[slots[slot] - 1].key, key)) slot = (slot + 1) & mask;
+        return slots[slot];
+    }
+
+    void Build() {
+        entries.reserve(static_cast<std::size_t>(std::count(bytes.begin(), bytes.end(), '\0')) + 1);
+        std::string_view rest = bytes;
+        while (!rest.empty()) {
+            const std::string_view line = rest.substr(0, rest.find('\0'));
+            rest.remove_prefix(std::min(rest.size(), line.size() + 1));
+            if (line.empty()) continue;
+            const auto equals = line.find('=');
+            std::optional<std::string_view> value;
+            if (equals != std::string_view::npos) value = TrimProfile(line.substr(equals + 1));
+            entries.push_back({TrimProfile(line.substr(0, equals)), value});
+        }
+        slots.resize(std::bit_ceil(entries.size() * 2 + 1));
+        for (std::size_t i = 0; i < entries.size(); ++i) {
+            std::uint32_t& slot = SlotOf(entries[i].key);
+            if (slot == 0) slot = static_cast<std::uint32_t>(i + 1);
+        }
+    }
+
+    [[nodiscard]] const std::optional<std::string_view>* Find(std::wstring_view key) {
+        const bool ascii = std::all_of(key.begin(), key.end(), [](wchar_t c) { return c < 0x80; });
+        const std::uint32_t found = ascii ? SlotOf(key) : SlotOf(std::string_view(ToAnsi(key)));
+        return found == 0 ? nullptr : &entries[found - 1].value;
     }
 };
 
@@ -169,17 +209,7 @@ Section::Section(std::wstring file, std::wstring_view name)
     bool full = true;
     for (std::size_t size = kSectionBuffer; full; size *= 2)
         index_->bytes = ReadSectionBytes(path, section, size, full);
-
-    std::string_view rest = index_->bytes;
-    while (!rest.empty()) {
-        const std::string_view line = rest.substr(0, rest.find('\0'));
-        rest.remove_prefix(std::min(rest.size(), line.size() + 1));
-        if (line.empty()) continue;
-        const auto equals = line.find('=');
-        std::optional<std::string_view> value;
-        if (equals != std::string_view::npos) value = TrimProfile(line.substr(equals + 1));
-        index_->values.try_emplace(TrimProfile(line.substr(0, equals)), value);
-    }
+    index_->Build();
 }
 
 Section::~Section() = default;

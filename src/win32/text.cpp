@@ -1,6 +1,9 @@
 // Text helpers and the ANSI code page.
 #include "win32/text.h"
 
+#include <algorithm>
+#include <utility>
+
 #include "win32/windows_api.h"
 
 namespace win32 {
@@ -9,6 +12,11 @@ std::wstring TrimBlanks(std::wstring_view text) {
     const auto first = text.find_first_not_of(L' ');
     if (first == std::wstring_view::npos) return {};
     return std::wstring(text.substr(first, text.find_last_not_of(L' ') - first + 1));
+}
+
+std::wstring TrimBlanks(std::wstring&& text) {
+    if (text.empty() || (text.front() != L' ' && text.back() != L' ')) return std::move(text);
+    return TrimBlanks(std::wstring_view(text));
 }
 
 std::wstring ReplaceAll(std::wstring_view text, std::wstring_view from, std::wstring_view to) {
@@ -51,17 +59,27 @@ std::wstring DropLineBreaks(std::wstring_view text) {
 }
 
 std::string ToAnsi(std::wstring_view text) {
+    std::string bytes(text.size(), '\0');
+    const auto ascii = [](wchar_t c) { return c < 0x80; };
+    if (std::all_of(text.begin(), text.end(), ascii)) {
+        std::transform(text.begin(), text.end(), bytes.begin(), [](wchar_t c) { return static_cast<char>(c); });
+        return bytes;
+    }
     const int length = static_cast<int>(text.size());
-    std::string bytes(AnsiLength(text), '\0');
+    bytes.resize(AnsiLength(text));
     WideCharToMultiByte(CP_ACP, 0, text.data(), length, bytes.data(), static_cast<int>(bytes.size()), nullptr, nullptr);
     return bytes;
 }
 
 std::wstring FromAnsi(std::string_view bytes) {
+    // No code page makes more characters than there are bytes.
+    std::wstring text(bytes.size(), L'\0');
+    std::size_t done = 0;
+    for (; done < bytes.size() && static_cast<unsigned char>(bytes[done]) < 0x80; ++done)
+        text[done] = static_cast<wchar_t>(bytes[done]);
+    if (done == bytes.size()) return text;
     const int length = static_cast<int>(bytes.size());
-    std::wstring text(static_cast<std::size_t>(MultiByteToWideChar(CP_ACP, 0, bytes.data(), length, nullptr, 0)),
-                      L'\0');
-    MultiByteToWideChar(CP_ACP, 0, bytes.data(), length, text.data(), static_cast<int>(text.size()));
+    text.resize(static_cast<std::size_t>(MultiByteToWideChar(CP_ACP, 0, bytes.data(), length, text.data(), length)));
     return text;
 }
 

@@ -16,3 +16,6 @@
 #include <richedit.h>
 #include <shellapi.h>
 #include <uxtheme.h>
+
+// A procedure of the session state has this name.
+#undef GetUserName

@@ -1,0 +1,218 @@
+// What a screen reader needs of every window: names, groups, tab order, default buttons, focus, room for every text.
+#include <algorithm>
+
+#include "checks.h"
+#include "fixture.h"
+
+namespace e2e {
+namespace {
+
+constexpr int kNormalDpi = 96;
+constexpr int kFontPoints = 16;
+
+class Accessibility : public KeystrideTest {
+protected:
+    /// The controls in z-order; a static without a name of its own that only names the next control is "h:" and its
+    /// text.
+    static std::vector<std::wstring> Order(const Window& form) {
+        std::vector<std::wstring> order;
+        for (const Window& control : form.Children()) {
+            const std::wstring name = control.Name();
+            if (!name.empty())
+                order.push_back(name);
+            else
+                order.push_back((control.Shown() ? L"shown:" : L"h:") + control.Text());
+        }
+        return order;
+    }
+
+    /// The names that the focus takes on the way round a form, starting with the focus as it is.
+    std::vector<std::wstring> TabRound(const char* chord) {
+        std::vector<std::wstring> names{App().FocusName()};
+        const Window start = App().Focus();
+        for (int presses = 0; presses < 40; ++presses) {
+            const Window before = App().Focus();
+            EXPECT_TRUE(App().Press(chord));
+            const bool moved = WaitUntil([&] { return !(App().Focus() == before); }, std::chrono::seconds(2));
+            EXPECT_TRUE(moved) << chord << " stays on " << ToUtf8(before.Name());
+            if (!moved || App().Focus() == start) break;
+            names.push_back(App().FocusName());
+        }
+        return names;
+    }
+
+    /// Forwards, and the same way back.
+    void ExpectTabOrder(const std::vector<std::wstring>& expected) {
+        EXPECT_EQ(TabRound("Tab"), expected);
+        std::vector<std::wstring> backwards(expected.rbegin(), expected.rend());
+        std::rotate(backwards.begin(), backwards.end() - 1, backwards.end());
+        EXPECT_EQ(TabRound("Shift+Tab"), backwards);
+    }
+
+    static void ExpectSpokenNames(const Window& form, const std::vector<std::pair<std::wstring, std::wstring>>& names) {
+        std::vector<std::pair<std::wstring, std::wstring>> found;
+        for (const Window& control : form.Children()) {
+            if (!control.IsTextOrListControl()) continue;
+            const Window label = control.Previous();
+            found.emplace_back(control.Name(), label && label.IsStatic() ? label.Text() : L"(no static before it)");
+        }
+        EXPECT_EQ(found, names);
+    }
+
+    static int DefaultButton(const Window& dialog) {
+        const LRESULT answer = dialog.Send(DM_GETDEFID);
+        return HIWORD(answer) == DC_HASDEFID ? static_cast<int>(LOWORD(answer)) : 0;
+    }
+
+    static void ExpectOneDefaultButton(const Window& dialog, int id) {
+        EXPECT_EQ(DefaultButton(dialog), id);
+        int defaults = 0;
+        for (const Window& control : dialog.Children()) {
+            if (control.ClassName() == L"Button" && (control.Style() & BS_TYPEMASK) == BS_DEFPUSHBUTTON) ++defaults;
+        }
+        EXPECT_LE(defaults, 1);
+        EXPECT_TRUE(dialog.Descendant(L"CancelButton").Enabled());
+    }
+
+    static void ExpectGroup(const Window& form, std::wstring_view group, const std::vector<std::wstring>& members) {
+        const Window box = form.Descendant(group);
+        ASSERT_TRUE(box && box.IsGroupBox()) << ToUtf8(group);
+        Window next = box;
+        for (const std::wstring& member : members) {
+            next = next.Next();
+            EXPECT_EQ(next.Name(), member) << "members follow their group box directly";
+            EXPECT_EQ(next.Parent(), form) << "a group box is a sibling, not a parent";
+            const RECT outer = box.RectInParent();
+            const RECT inner = next.RectInParent();
+            RECT united{};
+            UnionRect(&united, &outer, &inner);
+            EXPECT_TRUE(EqualRect(&united, &outer)) << ToUtf8(member) << " leaves its group box";
+        }
+    }
+
+    static void ExpectStyles(const Window& control, DWORD styles) {
+        EXPECT_EQ(control.Style() & styles, styles) << ToUtf8(control.Name());
+    }
+};
+
+TEST_F(Accessibility, MainWindow) {
+    StartUnsigned();
+    const Window main = App().Form(L"frmMain");
+    EXPECT_EQ(Order(main), (std::vector<std::wstring>{L"fraCommands",   L"cmdF1",
+                                                      L"cmdF2",         L"cmdF3",
+                                                      L"cmdF4",         L"cmdF5",
+                                                      L"cmdF6",         L"chkF11",
+                                                      L"cmdF12",        L"fraAppearance",
+                                                      L"cmdChangeFont", L"cmdChangeContrast",
+                                                      L"cmdTest1",      L"cmdAccessibility",
+                                                      L"lblTitle",      L"lblSubTitle",
+                                                      L"h:Information", L"rtfLessonTaskInfo",
+                                                      L"h:Text",        L"rtfMain",
+                                                      L"h:Typing area", L"rtfEdit"}));
+    ExpectSpokenNames(main,
+                      {{L"rtfLessonTaskInfo", L"Information"}, {L"rtfMain", L"Text"}, {L"rtfEdit", L"Typing area"}});
+    ExpectGroup(main, L"fraCommands",
+                {L"cmdF1", L"cmdF2", L"cmdF3", L"cmdF4", L"cmdF5", L"cmdF6", L"chkF11", L"cmdF12"});
+    ExpectGroup(main, L"fraAppearance", {L"cmdChangeFont", L"cmdChangeContrast", L"cmdTest1"});
+    EXPECT_EQ(App().FocusName(), L"rtfEdit");
+    ExpectTabOrder({L"rtfEdit", L"cmdF1", L"cmdF2", L"cmdF3", L"cmdF4", L"cmdF5", L"cmdF6", L"chkF11", L"cmdF12",
+                    L"cmdChangeFont", L"cmdChangeContrast", L"cmdTest1", L"rtfLessonTaskInfo", L"rtfMain"});
+    const DWORD switchType = main.Descendant(L"chkF11").Style() & BS_TYPEMASK;
+    EXPECT_TRUE(switchType == BS_CHECKBOX || switchType == BS_AUTOCHECKBOX) << "the mode switch is a check box";
+    for (const wchar_t* area : {L"rtfLessonTaskInfo", L"rtfMain", L"rtfEdit"}) {
+        EXPECT_EQ(main.Descendant(area).ClassName(), L"RICHEDIT50W");
+        ExpectStyles(main.Descendant(area), WS_TABSTOP | ES_MULTILINE);
+    }
+}
+
+TEST_F(Accessibility, MainWindowShowsEverything) {
+    StartUnsigned();
+    const Window main = App().Form(L"frmMain");
+    CheckNothingOverlaps(main);
+    CheckEverythingInside(main);
+    CheckNothingClipped(main, kFontPoints, kNormalDpi);
+    ASSERT_TRUE(App().Press("F11"));
+    ASSERT_TRUE(App().WaitForText(L"frmMain", L"chkF11", L"< F11 >\r\nTeacher's\r\nMode"));
+    CheckNothingClipped(main, kFontPoints, kNormalDpi);
+}
+
+TEST_F(Accessibility, SignOnDialog) {
+    Start();
+    const Window dialog = App().WaitForForm(L"dlgLogin");
+    ASSERT_TRUE(dialog);
+    EXPECT_TRUE(App().WaitForFocus(L"txtLoginName"));
+    EXPECT_EQ(Order(dialog), (std::vector<std::wstring>{L"lblLoginInstructions", L"h:Full name", L"txtLoginName",
+                                                        L"OKButton", L"CancelButton"}));
+    ExpectSpokenNames(dialog, {{L"txtLoginName", L"Full name"}});
+    const Window instructions = dialog.Descendant(L"lblLoginInstructions");
+    EXPECT_TRUE(instructions.IsStatic() && instructions.Visible() && instructions.Enabled());
+    ExpectOneDefaultButton(dialog, IDOK);
+    ExpectTabOrder({L"txtLoginName", L"OKButton", L"CancelButton"});
+    CheckNothingOverlaps(dialog);
+    CheckEverythingInside(dialog);
+    CheckNothingClipped(dialog, kFontPoints, kNormalDpi);
+    const RECT screen = ScreenAboveTaskbar();
+    const RECT rect = dialog.ScreenRect();
+    EXPECT_TRUE(rect.left >= screen.left && rect.top >= screen.top && rect.right <= screen.right &&
+                rect.bottom <= screen.bottom);
+}
+
+TEST_F(Accessibility, LessonList) {
+    StartUnsigned();
+    const Window picker = OpenPicker("F7");
+    const std::vector<std::wstring> order{L"h:Lessons and tasks", L"tvTasks",       L"lblNotice",       L"OKButton",
+                                          L"cmdAddLesson",        L"cmdEditLesson", L"cmdRemoveLesson", L"CancelButton",
+                                          L"cmdAccessibility"};
+    EXPECT_EQ(Order(picker), order);
+    ExpectSpokenNames(picker, {{L"tvTasks", L"Lessons and tasks"}});
+    ExpectStyles(picker.Descendant(L"tvTasks"),
+                 TVS_HASLINES | TVS_LINESATROOT | TVS_HASBUTTONS | TVS_SHOWSELALWAYS | WS_TABSTOP);
+    ExpectOneDefaultButton(picker, IDOK);
+    ExpectTabOrder({L"tvTasks", L"OKButton", L"cmdAddLesson", L"cmdEditLesson", L"cmdRemoveLesson", L"CancelButton"});
+    CheckNothingOverlaps(picker);
+    CheckEverythingInside(picker);
+    CheckNothingClipped(picker, kFontPoints, kNormalDpi);
+    ClosePicker();
+
+    const Window shipped = OpenPicker("F3");
+    EXPECT_EQ(Order(shipped), order);
+    ExpectTabOrder({L"tvTasks", L"OKButton", L"CancelButton"});
+    CheckNothingOverlaps(shipped);
+    CheckEverythingInside(shipped);
+}
+
+TEST_F(Accessibility, MessageBoxesBelongToTheActiveForm) {
+    WriteBytes(CommonFolder() / L"TeachersLessons.ini", "[Lessons]\r\nNbrOfLessons=0\r\n");
+    StartUnsigned();
+    ASSERT_TRUE(App().Control(L"frmMain", L"cmdTest1").Click());
+    auto box = App().WaitForBox();
+    ASSERT_TRUE(box);
+    EXPECT_EQ(box->owner, App().Form(L"frmMain"));
+    ASSERT_TRUE(box->Answer(IDOK));
+    const Window picker = OpenPicker("F7");
+    ASSERT_TRUE(App().Press("Enter"));
+    box = App().WaitForBox();
+    ASSERT_TRUE(box);
+    EXPECT_EQ(box->owner, picker);
+    ASSERT_TRUE(box->Answer(IDOK));
+    EXPECT_TRUE(App().WaitForFocus(L"tvTasks")) << "the focus is on a live control after a box";
+}
+
+TEST_F(Accessibility, RequestIsSetInOneStepAndNeverBlanked) {
+    StartUnsigned();
+    ASSERT_TRUE(OpenPicker("F3"));
+    ASSERT_TRUE(App().Press("Enter"));
+    bool blank = false;
+    ASSERT_TRUE(WaitUntil([&] {
+        const std::wstring request = App().Request();
+        blank = blank || request.empty();
+        return request ==
+               L"KYBP\x05"
+               L"1\x05"
+               L"0";
+    }));
+    EXPECT_FALSE(blank);
+}
+
+}  // namespace
+}  // namespace e2e

@@ -1,0 +1,376 @@
+// What the tests of the lesson editors share: the ways into the three dialogs, single keys that are held and let go,
+// the clipboard, and what a screen reader needs of a dialog.
+#include "editor_story.h"
+
+#include <algorithm>
+#include <array>
+#include <bit>
+#include <cstring>
+
+namespace e2e {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr wchar_t kDesktopKey[] = L"Control Panel\\Desktop";
+constexpr wchar_t kResolutionValue[] = L"LogPixels";
+constexpr int kFontPoints = 16;
+
+std::string Padded(std::size_t number) { return number < 10 ? '0' + std::to_string(number) : std::to_string(number); }
+
+bool IsExtended(WORD key) {
+    static constexpr std::array<WORD, 15> kExtended{VK_UP,   VK_DOWN,  VK_LEFT, VK_RIGHT,  VK_HOME,
+                                                    VK_END,  VK_PRIOR, VK_NEXT, VK_DELETE, VK_INSERT,
+                                                    VK_LWIN, VK_RWIN,  VK_APPS, VK_DIVIDE, VK_NUMLOCK};
+    return std::find(kExtended.begin(), kExtended.end(), key) != kExtended.end();
+}
+
+void SendKey(WORD key, bool up) {
+    INPUT input{};
+    input.type = INPUT_KEYBOARD;
+    input.ki.wVk = key;
+    input.ki.wScan = static_cast<WORD>(MapVirtualKeyW(key, MAPVK_VK_TO_VSC));
+    input.ki.dwFlags = (up ? KEYEVENTF_KEYUP : 0U) | (IsExtended(key) ? KEYEVENTF_EXTENDEDKEY : 0U);
+    SendInput(1, &input, sizeof(INPUT));
+}
+
+}  // namespace
+
+std::string StoredSection(int number, const StoredLesson& lesson) {
+    std::string text = "[L" + Padded(static_cast<std::size_t>(number)) + "]\r\nDefTitle=" + lesson.title +
+                       "\r\nINTRO_LSN_JAWS=" + lesson.intro + "\r\nTaskReps=" + lesson.repetitions +
+                       "\r\nTaskDL=" + lesson.terminator + "\r\nNbrOfTasks=" + std::to_string(lesson.tasks.size()) +
+                       "\r\n";
+    for (std::size_t i = 0; i < lesson.tasks.size(); ++i) {
+        const StoredTask& task = lesson.tasks[i];
+        const std::string number2 = Padded(i + 1);
+        text += "KIND_TASK_" + number2 + '=' + task.kind + "\r\n";
+        text += "PRINT_" + lesson.variant + "_TASK_" + number2 + '=' + task.text + "\r\n";
+        text += "SPELL_" + lesson.variant + "_TASK_" + number2 + '=' + task.spelled + "\r\n";
+        text += "EXPLN_" + lesson.variant + "_CHILD_" + number2 + '=' + task.explanation + "\r\n";
+    }
+    return text;
+}
+
+std::string StoredFile(const std::vector<StoredLesson>& lessons) {
+    std::string text = "[Lessons]\r\nNbrOfLessons=" + std::to_string(lessons.size()) + "\r\n";
+    for (std::size_t i = 0; i < lessons.size(); ++i) text += StoredSection(static_cast<int>(i) + 1, lessons[i]);
+    return text;
+}
+
+StoredTask Letters(const std::string& text, const std::string& explanation) {
+    std::string spelled;
+    for (const char character : text) spelled += std::string(1, character) + '\x05';
+    return {"1", text, spelled, explanation};
+}
+
+void HoldKey(WORD key) { SendKey(key, false); }
+
+void ReleaseKey(WORD key) { SendKey(key, true); }
+
+void PressVirtual(std::initializer_list<WORD> keys) {
+    for (const WORD key : keys) HoldKey(key);
+    for (const WORD* key = keys.end(); key != keys.begin();) ReleaseKey(*--key);
+}
+
+bool CopyToClipboard(std::wstring_view text) {
+    if (!WaitUntil([] { return OpenClipboard(nullptr) != FALSE; })) return false;
+    EmptyClipboard();
+    const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, (text.size() + 1) * sizeof(wchar_t));
+    auto* target = static_cast<wchar_t*>(GlobalLock(memory));
+    std::memcpy(target, text.data(), text.size() * sizeof(wchar_t));
+    target[text.size()] = L'\0';
+    GlobalUnlock(memory);
+    const bool taken = SetClipboardData(CF_UNICODETEXT, memory) != nullptr;
+    CloseClipboard();
+    return taken;
+}
+
+DisplayResolution::DisplayResolution(DWORD dpi) {
+    RegSetKeyValueW(HKEY_CURRENT_USER, kDesktopKey, kResolutionValue, REG_DWORD, &dpi, sizeof(dpi));
+}
+
+DisplayResolution::~DisplayResolution() { RegDeleteKeyValueW(HKEY_CURRENT_USER, kDesktopKey, kResolutionValue); }
+
+fs::path EditorTest::TeachersFile() { return UserFolder() / L"TeachersLessons.ini"; }
+
+fs::path EditorTest::BackupFile() { return UserFolder() / L"TeachersLessons.bak"; }
+
+std::string EditorTest::TeachersBytes() { return ReadBytes(TeachersFile()); }
+
+void EditorTest::WriteTeachersFile(const std::vector<StoredLesson>& lessons) {
+    WriteBytes(TeachersFile(), StoredFile(lessons));
+}
+
+std::vector<std::wstring> EditorTest::TaskLines() {
+    const Window list = In(L"dlgLessonEdit", L"lstTasks");
+    std::vector<std::wstring> lines;
+    const LRESULT count = list.Send(LB_GETCOUNT);
+    for (LRESULT line = 0; line < count; ++line) {
+        std::wstring text(1024, L'\0');
+        const LRESULT length = list.Send(LB_GETTEXT, static_cast<WPARAM>(line), std::bit_cast<LPARAM>(text.data()));
+        if (length == LB_ERR) return {L"(changing)"};
+        text.resize(static_cast<std::size_t>(length));
+        lines.push_back(text);
+    }
+    return lines;
+}
+
+int EditorTest::SelectedTask() { return static_cast<int>(In(L"dlgLessonEdit", L"lstTasks").Send(LB_GETCURSEL)); }
+
+void EditorTest::SetTextOf(std::wstring_view form, std::wstring_view box, const std::wstring& text) {
+    In(form, box).Send(WM_SETTEXT, 0, std::bit_cast<LPARAM>(text.c_str()));
+}
+
+std::wstring EditorTest::Notice(std::wstring_view form) {
+    const Window notice = In(form, L"lblNotice");
+    return notice && notice.Visible() ? notice.Text() : std::wstring();
+}
+
+bool EditorTest::WaitForNotice(std::wstring_view form, std::wstring_view text) {
+    const bool said = WaitUntil([&] { return Notice(form) == text; }, std::chrono::seconds(3));
+    EXPECT_TRUE(said) << "the notice is: " << ToUtf8(Notice(form));
+    return said;
+}
+
+bool EditorTest::Checked(std::wstring_view form, std::wstring_view option) {
+    return In(form, option).Send(BM_GETCHECK) == BST_CHECKED;
+}
+
+void EditorTest::StartInTeachersList() {
+    ASSERT_NO_FATAL_FAILURE(StartUnsigned());
+    ASSERT_TRUE(OpenPicker("F7"));
+}
+
+bool EditorTest::WaitForSelectedLesson(std::wstring_view text) {
+    const bool selected = WaitUntil([&] { return App().Form(L"dlgTyping") && Lessons().SelectedText() == text; },
+                                    std::chrono::seconds(3));
+    EXPECT_TRUE(selected) << "selected is: " << ToUtf8(Lessons().SelectedText());
+    return selected;
+}
+
+void EditorTest::SelectLesson(int lesson) {
+    ASSERT_NO_FATAL_FAILURE(TabTo(L"tvTasks"));
+    const std::vector<std::wstring> lessons = Lessons().RootTexts();
+    ASSERT_GE(static_cast<int>(lessons.size()), lesson);
+    const bool fromEnd = lesson > static_cast<int>(lessons.size()) / 2;
+    ASSERT_TRUE(App().Press(fromEnd ? "End" : "Home"));
+    const int steps = fromEnd ? static_cast<int>(lessons.size()) - lesson : lesson - 1;
+    for (int step = 0; step < steps; ++step) ASSERT_TRUE(App().Press(fromEnd ? "Up" : "Down"));
+    ASSERT_TRUE(WaitForSelectedLesson(lessons[static_cast<std::size_t>(lesson) - 1]));
+}
+
+void EditorTest::TabTo(std::wstring_view control) {
+    for (int presses = 0; App().FocusName() != control; ++presses) {
+        ASSERT_LT(presses, 20) << ToUtf8(control) << " is never reached";
+        const Window before = App().Focus();
+        ASSERT_TRUE(App().Press("Tab"));
+        ASSERT_TRUE(WaitUntil([&] { return !(App().Focus() == before); })) << "Tab stays on " << ToUtf8(before.Name());
+    }
+}
+
+void EditorTest::PressButton(std::wstring_view control) {
+    ASSERT_NO_FATAL_FAILURE(TabTo(control));
+    ASSERT_TRUE(App().Press("Space"));
+}
+
+void EditorTest::OpenLesson(int lesson) {
+    ASSERT_NO_FATAL_FAILURE(SelectLesson(lesson));
+    Click(L"dlgTyping", L"cmdEditLesson");
+    ASSERT_TRUE(App().WaitForForm(L"dlgLessonEdit"));
+    ASSERT_TRUE(App().WaitForFocus(TaskLines().empty() ? L"cmdCreateTask" : L"lstTasks"));
+}
+
+void EditorTest::AddLesson() {
+    Click(L"dlgTyping", L"cmdAddLesson");
+    ASSERT_TRUE(App().WaitForForm(L"dlgLessonDetails"));
+    ASSERT_TRUE(App().WaitForFocus(L"txtLessonTitle"));
+}
+
+void EditorTest::Retype(std::wstring_view form, std::wstring_view box, std::wstring_view text) {
+    ASSERT_NO_FATAL_FAILURE(TabTo(box));
+    ASSERT_TRUE(App().Press("Ctrl+A"));
+    if (!App().Text(form, box).empty()) {
+        ASSERT_TRUE(App().Press("Delete"));
+    }
+    ASSERT_TRUE(App().WaitForText(form, box, L""));
+    ASSERT_TRUE(App().Type(text));
+    ASSERT_TRUE(App().WaitForText(form, box, text)) << ToUtf8(App().Text(form, box));
+}
+
+void EditorTest::ConfirmDetails(std::wstring_view title, std::wstring_view intro) {
+    ASSERT_NO_FATAL_FAILURE(Retype(L"dlgLessonDetails", L"txtLessonTitle", title));
+    ASSERT_NO_FATAL_FAILURE(Retype(L"dlgLessonDetails", L"txtLessonIntro", intro));
+    ASSERT_TRUE(App().Press("Enter"));
+    ASSERT_TRUE(App().WaitForNoForm(L"dlgLessonDetails"));
+    ASSERT_TRUE(App().WaitForForm(L"dlgLessonEdit"));
+    ASSERT_TRUE(App().WaitForText(L"dlgLessonEdit", L"lblLessonTitle", title));
+    ASSERT_TRUE(WaitUntil([&] {
+        const std::wstring focus = App().FocusName();
+        return App().Form(L"dlgLessonEdit").Enabled() && (focus == L"cmdCreateTask" || focus == L"cmdEditLesson");
+    })) << "the focus is on the empty list's button, or back on the button that opened the details";
+}
+
+void EditorTest::OpenNewTask() {
+    Click(L"dlgLessonEdit", L"cmdCreateTask");
+    ASSERT_TRUE(App().WaitForForm(L"dlgTaskEdit"));
+    ASSERT_TRUE(App().WaitForFocus(L"txtTask"));
+}
+
+void EditorTest::OpenSelectedTask() {
+    Click(L"dlgLessonEdit", L"cmdEditTask");
+    ASSERT_TRUE(App().WaitForForm(L"dlgTaskEdit"));
+    ASSERT_TRUE(App().WaitForFocus(L"txtTask"));
+}
+
+void EditorTest::ChooseKind(int kind) {
+    static constexpr std::array<const wchar_t*, 4> kOptions{L"optionLetters", L"optionSingleWord", L"optionWords",
+                                                            L"optionCommandKeys"};
+    const std::size_t wanted = kind == 5 ? 3 : static_cast<std::size_t>(kind) - 1;
+    const auto selected = [&] {
+        return static_cast<std::size_t>(
+            std::find_if(kOptions.begin(), kOptions.end(),
+                         [&](const wchar_t* option) { return Checked(L"dlgTaskEdit", option); }) -
+            kOptions.begin());
+    };
+    // Each step gives the focus back to the task.
+    while (selected() != wanted) {
+        const std::size_t before = selected();
+        ASSERT_TRUE(App().WaitForFocus(L"txtTask"));
+        ASSERT_TRUE(App().Press("Shift+Tab"));
+        ASSERT_TRUE(App().WaitForFocus(kOptions[before]));
+        ASSERT_TRUE(App().Press(before < wanted ? "Down" : "Up"));
+        ASSERT_TRUE(WaitUntil([&] { return selected() != before; }));
+        ASSERT_TRUE(App().WaitForFocus(L"txtTask"));
+    }
+}
+
+void EditorTest::ConfirmTask() {
+    ASSERT_TRUE(App().Press("Enter"));
+    ASSERT_TRUE(App().WaitForNoForm(L"dlgTaskEdit"));
+}
+
+void EditorTest::CreateTask(int kind, std::wstring_view text, std::wstring_view explanation) {
+    const std::size_t before = TaskLines().size();
+    ASSERT_NO_FATAL_FAILURE(OpenNewTask());
+    ASSERT_NO_FATAL_FAILURE(ChooseKind(kind));
+    ASSERT_TRUE(App().Type(text));
+    ASSERT_TRUE(App().WaitForText(L"dlgTaskEdit", L"txtTask", text));
+    ASSERT_TRUE(App().Press("Tab"));
+    ASSERT_TRUE(App().WaitForFocus(L"txtTaskExplanation"));
+    ASSERT_TRUE(App().Type(explanation));
+    ASSERT_TRUE(App().WaitForText(L"dlgTaskEdit", L"txtTaskExplanation", explanation));
+    ASSERT_NO_FATAL_FAILURE(ConfirmTask());
+    ASSERT_TRUE(WaitUntil([&] { return TaskLines().size() == before + 1; }));
+}
+
+void EditorTest::SaveLesson() {
+    Click(L"dlgLessonEdit", L"OKButton");
+    ASSERT_TRUE(App().WaitForNoForm(L"dlgLessonEdit"));
+    ASSERT_TRUE(App().WaitForFocus(L"tvTasks"));
+}
+
+void EditorTest::LeaveEditor() {
+    ASSERT_TRUE(App().Press("Esc"));
+    ASSERT_TRUE(App().WaitForNoForm(L"dlgLessonEdit"));
+}
+
+void EditorTest::Click(std::wstring_view form, std::wstring_view control) {
+    ASSERT_TRUE(WaitUntil([&] { return App().Form(form) && App().Form(form).Enabled(); }));
+    ASSERT_TRUE(In(form, control).Click()) << ToUtf8(control);
+}
+
+bool EditorTest::InMenuMode() {
+    GUITHREADINFO information{};
+    information.cbSize = sizeof(information);
+    return GetGUIThreadInfo(App().Focus().ThreadId(), &information) != FALSE &&
+           (information.flags & (GUI_INMENUMODE | GUI_POPUPMENUMODE | GUI_SYSTEMMENUMODE)) != 0;
+}
+
+std::vector<std::wstring> EditorTest::Order(const Window& form) {
+    std::vector<std::wstring> order;
+    for (const Window& control : form.Children()) {
+        const std::wstring name = control.Name();
+        order.push_back(!name.empty() ? name : (control.Shown() ? L"shown:" : L"h:") + control.Text());
+    }
+    return order;
+}
+
+std::vector<std::wstring> EditorTest::TabRound(const char* chord) {
+    std::vector<std::wstring> names{App().FocusName()};
+    const Window start = App().Focus();
+    for (int presses = 0; presses < 40; ++presses) {
+        const Window before = App().Focus();
+        EXPECT_TRUE(App().Press(chord));
+        const bool moved = WaitUntil([&] { return !(App().Focus() == before); }, std::chrono::seconds(2));
+        EXPECT_TRUE(moved) << chord << " stays on " << ToUtf8(before.Name());
+        if (!moved || App().Focus() == start) break;
+        names.push_back(App().FocusName());
+    }
+    return names;
+}
+
+void EditorTest::ExpectTabOrder(const std::vector<std::wstring>& expected) {
+    EXPECT_EQ(TabRound("Tab"), expected);
+    std::vector<std::wstring> backwards(expected.rbegin(), expected.rend());
+    std::rotate(backwards.begin(), backwards.end() - 1, backwards.end());
+    EXPECT_EQ(TabRound("Shift+Tab"), backwards);
+}
+
+void EditorTest::ExpectSpokenNames(const Window& form,
+                                   const std::vector<std::pair<std::wstring, std::wstring>>& names) {
+    std::vector<std::pair<std::wstring, std::wstring>> found;
+    for (const Window& control : form.Children()) {
+        if (!control.IsTextOrListControl()) continue;
+        const Window label = control.Previous();
+        found.emplace_back(control.Name(), label && label.IsStatic() ? label.Text() : L"(no static before it)");
+    }
+    EXPECT_EQ(found, names);
+}
+
+void EditorTest::ExpectGroup(const Window& form, std::wstring_view group, const std::vector<std::wstring>& members) {
+    const Window box = form.Descendant(group);
+    ASSERT_TRUE(box && box.IsGroupBox()) << ToUtf8(group);
+    Window next = box;
+    for (const std::wstring& member : members) {
+        next = next.Next();
+        EXPECT_EQ(next.Name(), member) << "members follow their group box directly";
+        EXPECT_EQ(next.Parent(), form) << "a group box is a sibling, not a parent";
+        const RECT outer = box.RectInParent();
+        const RECT inner = next.RectInParent();
+        RECT united{};
+        UnionRect(&united, &outer, &inner);
+        EXPECT_TRUE(EqualRect(&united, &outer)) << ToUtf8(member) << " leaves its group box";
+        const bool first = member == members.front();
+        EXPECT_EQ((next.Style() & WS_GROUP) != 0, first) << ToUtf8(member);
+    }
+    EXPECT_NE(next.Next().Style() & WS_GROUP, 0U) << "the control after the set begins another group";
+}
+
+void EditorTest::ExpectOneDefaultButton(const Window& dialog) {
+    const LRESULT answer = dialog.Send(DM_GETDEFID);
+    EXPECT_EQ(HIWORD(answer), DC_HASDEFID);
+    EXPECT_EQ(LOWORD(answer), IDOK);
+    int defaults = 0;
+    for (const Window& control : dialog.Children())
+        if (control.ClassName() == L"Button" && (control.Style() & BS_TYPEMASK) == BS_DEFPUSHBUTTON) ++defaults;
+    EXPECT_EQ(defaults, 1);
+    EXPECT_EQ(dialog.Descendant(L"OKButton").Id(), IDOK);
+    EXPECT_EQ(dialog.Descendant(L"CancelButton").Id(), IDCANCEL);
+    EXPECT_EQ(dialog.Descendant(L"CancelButton").Text(), L"Cancel");
+    EXPECT_TRUE(dialog.Descendant(L"CancelButton").Enabled());
+}
+
+void EditorTest::ExpectEverythingReadable(const Window& dialog, int dpi) {
+    CheckNothingOverlaps(dialog);
+    CheckEverythingInside(dialog);
+    CheckNothingClipped(dialog, kFontPoints, dpi);
+    const RECT screen = ScreenAboveTaskbar();
+    const RECT rect = dialog.ScreenRect();
+    EXPECT_TRUE(rect.left >= screen.left && rect.top >= screen.top && rect.right <= screen.right &&
+                rect.bottom <= screen.bottom)
+        << "the dialog leaves the screen";
+}
+
+}  // namespace e2e

@@ -1,0 +1,81 @@
+// What every test with files starts from: a fresh folder that stands in for the user's and the common data folder.
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <map>
+#include <string>
+#include <string_view>
+
+#include <gtest/gtest.h>
+
+#include "win32/error.h"
+#include "win32/unique_handle.h"
+#include "win32/windows_api.h"
+
+namespace unit {
+
+/// The bytes of a file; of a file that is not there, nothing.
+std::string ReadBytes(const std::filesystem::path& file);
+/// Writes a file anew, together with the folders that it needs.
+void WriteBytes(const std::filesystem::path& file, std::string_view bytes);
+/// Every file below a folder with its bytes, and every folder (its path ends in a backslash).
+std::map<std::wstring, std::string> Snapshot(const std::filesystem::path& folder);
+
+bool RunsUnderWine();
+
+/// Holds a file open so that others may read but not write it, as a second program would.
+class HeldFile {
+public:
+    explicit HeldFile(const std::filesystem::path& file);
+    [[nodiscard]] bool Held() const { return static_cast<bool>(handle_); }
+
+private:
+    win32::UniqueHandle<HANDLE, &CloseHandle> handle_;
+};
+
+/// Gives the session state the values that it has when the program starts.
+void ResetSession();
+/// Sets the language switches as the value of "Language" does.
+void SetLanguage(int language);
+
+/// The error that `run` raises; a test failure and an error of number 0 when it raises none.
+template <typename Run>
+win32::AppError RaisedBy(const Run& run) {
+    try {
+        run();
+    } catch (const win32::AppError& error) {
+        return error;
+    } catch (const std::exception& error) {
+        ADD_FAILURE() << "another error was raised: " << error.what();
+        return {0, L"", L""};
+    }
+    ADD_FAILURE() << "no error was raised";
+    return {0, L"", L""};
+}
+
+/// A test in a folder of its own, to which all file names of the session point; the folder is removed afterwards.
+class FolderTest : public ::testing::Test {
+protected:
+    void SetUp() override;
+    void TearDown() override;
+
+    [[nodiscard]] const std::filesystem::path& Folder() const { return folder_; }
+    /// Where the session's user and common folder are; neither exists at first.
+    [[nodiscard]] std::filesystem::path UserFolder() const;
+    [[nodiscard]] std::filesystem::path CommonFolder() const;
+    /// A folder that stands for the school's shared one; it does not exist at first.
+    [[nodiscard]] std::filesystem::path NetworkFolder() const { return folder_ / L"network"; }
+
+    /// Writes the bytes to a file of a name that this process never used: the system keeps what it read of a file.
+    std::wstring NewFile(std::string_view bytes);
+    std::wstring NewName();
+
+    /// Names the network folder, with what the caller puts behind it, in KSUserInfo.ini.
+    void SetNetwork(std::string_view ending = "") const;
+
+private:
+    std::filesystem::path folder_;
+};
+
+}  // namespace unit

@@ -1,0 +1,81 @@
+// What the lesson editors say of texts that the file would not keep.
+#include "lessons/lesson_notice.h"
+
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+namespace unit {
+namespace {
+
+using namespace modTyping;
+
+TEST(ValueNotice, SaysNothingOfATextThatIsKept) {
+    for (const std::wstring& text :
+         {std::wstring(), std::wstring(L"asdf jkl;"), std::wstring(254, L'x'), std::wstring(254, L'\u00e4'),
+          std::wstring(L"say \"hello\" now"), std::wstring(L"\"open"), std::wstring(L"'tis so\""), std::wstring(L"\"")})
+        EXPECT_EQ(ValueNotice(L"The title", text), L"");
+}
+
+TEST(ValueNotice, TellsOfATextThatIsOneCharacterTooLong) {
+    EXPECT_EQ(ValueNotice(L"The title", std::wstring(255, L'x')),
+              L"The title is too long: only its first 254 characters are read back.");
+    EXPECT_EQ(ValueNotice(L"The explanation", std::wstring(4000, L'x')),
+              L"The explanation is too long: only its first 254 characters are read back.");
+}
+
+TEST(ValueNotice, TellsOfCharactersOutsideTheCodePage) {
+    EXPECT_EQ(ValueNotice(L"The task", L"\u0416"), L"The task has characters that the file cannot keep.");
+    EXPECT_EQ(ValueNotice(L"The task", L"\u00e4\u20ac"), L"") << "these two are in the code page";
+}
+
+TEST(ValueNotice, TellsOfQuotationMarksAroundTheWholeText) {
+    const std::wstring sentence = L"The task stands in quotation marks, and these are not read back.";
+    EXPECT_EQ(ValueNotice(L"The task", L"\"hello\""), sentence);
+    EXPECT_EQ(ValueNotice(L"The task", L"'hello'"), sentence);
+    EXPECT_EQ(ValueNotice(L"The task", L"\"\""), sentence);
+    EXPECT_EQ(ValueNotice(L"The task", L"  \"hello\" "), sentence) << "the file keeps no blanks around them";
+    EXPECT_EQ(ValueNotice(L"The task", L"\"a\" and \"b\""), sentence) << "the outer pair goes";
+}
+
+TEST(CutValueNotice, NamesEveryValueThatLostItsEnd) {
+    EXPECT_EQ(CutValueNotice({}), L"");
+    EXPECT_EQ(CutValueNotice({L"The title"}),
+              L"The title was stored too long: only the first 254 characters were read, and no more can be saved.");
+    EXPECT_EQ(CutValueNotice({L"The title", L"The text of task 3"}),
+              L"The title and the text of task 3 were stored too long: only the first 254 characters were read, and no "
+              L"more can be saved.");
+    EXPECT_EQ(CutValueNotice({L"The title", L"The introduction", L"The text of task 3"}),
+              L"The title, the introduction and the text of task 3 were stored too long: only the first 254 characters "
+              L"were read, and no more can be saved.");
+}
+
+TEST(LessonSizeNotice, TellsOfASectionThatOutgrowsTheMovingBuffer) {
+    EXPECT_EQ(LessonSizeNotice(0), L"");
+    EXPECT_EQ(LessonSizeNotice(4000), L"");
+    EXPECT_EQ(LessonSizeNotice(4001),
+              L"This lesson takes more than 4000 bytes: its end would be cut when an earlier lesson is removed.");
+}
+
+TEST(FullTableNotice, TellsThatAHundredTasksAreReached) {
+    EXPECT_EQ(FullTableNotice(false), L"");
+    EXPECT_EQ(FullTableNotice(true), L"The 100 tasks that are saved are reached: another one would not be kept.");
+}
+
+TEST(RepetitionsNotice, TellsOfMoreThanTwoThatStandAtTwo) {
+    EXPECT_EQ(RepetitionsNotice(4, true), L"This lesson has 4 repetitions; they stand at 2 now.");
+    EXPECT_EQ(RepetitionsNotice(9, true), L"This lesson has 9 repetitions; they stand at 2 now.");
+    EXPECT_EQ(RepetitionsNotice(4, false), L"") << "4 are selected";
+    EXPECT_EQ(RepetitionsNotice(2, true), L"");
+    EXPECT_EQ(RepetitionsNotice(0, true), L"") << "a lesson without a number never had more";
+}
+
+TEST(JoinNotices, PutsOneBlankBetweenSentences) {
+    EXPECT_EQ(JoinNotices({}), L"");
+    EXPECT_EQ(JoinNotices({L"", L"", L""}), L"");
+    EXPECT_EQ(JoinNotices({L"", L"One.", L"", L"Two.", L""}), L"One. Two.");
+}
+
+}  // namespace
+}  // namespace unit
