@@ -2,7 +2,6 @@
 #include "win32/text.h"
 
 #include <algorithm>
-#include <utility>
 
 #include "win32/windows_api.h"
 
@@ -12,11 +11,6 @@ std::wstring TrimBlanks(std::wstring_view text) {
     const auto first = text.find_first_not_of(L' ');
     if (first == std::wstring_view::npos) return {};
     return std::wstring(text.substr(first, text.find_last_not_of(L' ') - first + 1));
-}
-
-std::wstring TrimBlanks(std::wstring&& text) {
-    if (text.empty() || (text.front() != L' ' && text.back() != L' ')) return std::move(text);
-    return TrimBlanks(std::wstring_view(text));
 }
 
 std::wstring ReplaceAll(std::wstring_view text, std::wstring_view from, std::wstring_view to) {

@@ -11,8 +11,6 @@ namespace win32 {
 
 /// The text without blanks (character 32 only) at both ends.
 std::wstring TrimBlanks(std::wstring_view text);
-/// The same for a text that is no longer needed: it is handed back when there is nothing to trim.
-std::wstring TrimBlanks(std::wstring&& text);
 
 /// Every occurrence of a non-empty `from`, in one pass from left to right, becomes `to`.
 std::wstring ReplaceAll(std::wstring_view text, std::wstring_view from, std::wstring_view to);
