@@ -49,16 +49,6 @@ protected:
         EXPECT_EQ(TabRound("Shift+Tab"), backwards);
     }
 
-    static void ExpectSpokenNames(const Window& form, const std::vector<std::pair<std::wstring, std::wstring>>& names) {
-        std::vector<std::pair<std::wstring, std::wstring>> found;
-        for (const Window& control : form.Children()) {
-            if (!control.IsTextOrListControl()) continue;
-            const Window label = control.Previous();
-            found.emplace_back(control.Name(), label && label.IsStatic() ? label.Text() : L"(no static before it)");
-        }
-        EXPECT_EQ(found, names);
-    }
-
     static int DefaultButton(const Window& dialog) {
         const LRESULT answer = dialog.Send(DM_GETDEFID);
         return HIWORD(answer) == DC_HASDEFID ? static_cast<int>(LOWORD(answer)) : 0;
@@ -72,22 +62,6 @@ protected:
         }
         EXPECT_LE(defaults, 1);
         EXPECT_TRUE(dialog.Descendant(L"CancelButton").Enabled());
-    }
-
-    static void ExpectGroup(const Window& form, std::wstring_view group, const std::vector<std::wstring>& members) {
-        const Window box = form.Descendant(group);
-        ASSERT_TRUE(box && box.IsGroupBox()) << ToUtf8(group);
-        Window next = box;
-        for (const std::wstring& member : members) {
-            next = next.Next();
-            EXPECT_EQ(next.Name(), member) << "members follow their group box directly";
-            EXPECT_EQ(next.Parent(), form) << "a group box is a sibling, not a parent";
-            const RECT outer = box.RectInParent();
-            const RECT inner = next.RectInParent();
-            RECT united{};
-            UnionRect(&united, &outer, &inner);
-            EXPECT_TRUE(EqualRect(&united, &outer)) << ToUtf8(member) << " leaves its group box";
-        }
     }
 
     static void ExpectStyles(const Window& control, DWORD styles) {
@@ -109,11 +83,11 @@ TEST_F(Accessibility, MainWindow) {
                                                       L"h:Information", L"rtfLessonTaskInfo",
                                                       L"h:Text",        L"rtfMain",
                                                       L"h:Typing area", L"rtfEdit"}));
-    ExpectSpokenNames(main,
-                      {{L"rtfLessonTaskInfo", L"Information"}, {L"rtfMain", L"Text"}, {L"rtfEdit", L"Typing area"}});
-    ExpectGroup(main, L"fraCommands",
-                {L"cmdF1", L"cmdF2", L"cmdF3", L"cmdF4", L"cmdF5", L"cmdF6", L"chkF11", L"cmdF12"});
-    ExpectGroup(main, L"fraAppearance", {L"cmdChangeFont", L"cmdChangeContrast", L"cmdTest1"});
+    CheckSpokenNames(main,
+                     {{L"rtfLessonTaskInfo", L"Information"}, {L"rtfMain", L"Text"}, {L"rtfEdit", L"Typing area"}});
+    CheckGroup(main, L"fraCommands",
+               {L"cmdF1", L"cmdF2", L"cmdF3", L"cmdF4", L"cmdF5", L"cmdF6", L"chkF11", L"cmdF12"});
+    CheckGroup(main, L"fraAppearance", {L"cmdChangeFont", L"cmdChangeContrast", L"cmdTest1"});
     EXPECT_EQ(App().FocusName(), L"rtfEdit");
     ExpectTabOrder({L"rtfEdit", L"cmdF1", L"cmdF2", L"cmdF3", L"cmdF4", L"cmdF5", L"cmdF6", L"chkF11", L"cmdF12",
                     L"cmdChangeFont", L"cmdChangeContrast", L"cmdTest1", L"rtfLessonTaskInfo", L"rtfMain"});
@@ -143,7 +117,7 @@ TEST_F(Accessibility, SignOnDialog) {
     EXPECT_TRUE(App().WaitForFocus(L"txtLoginName"));
     EXPECT_EQ(Order(dialog), (std::vector<std::wstring>{L"lblLoginInstructions", L"h:Full name", L"txtLoginName",
                                                         L"OKButton", L"CancelButton"}));
-    ExpectSpokenNames(dialog, {{L"txtLoginName", L"Full name"}});
+    CheckSpokenNames(dialog, {{L"txtLoginName", L"Full name"}});
     const Window instructions = dialog.Descendant(L"lblLoginInstructions");
     EXPECT_TRUE(instructions.IsStatic() && instructions.Visible() && instructions.Enabled());
     ExpectOneDefaultButton(dialog, IDOK);
@@ -164,7 +138,7 @@ TEST_F(Accessibility, LessonList) {
                                           L"cmdAddLesson",        L"cmdEditLesson", L"cmdRemoveLesson", L"CancelButton",
                                           L"cmdAccessibility"};
     EXPECT_EQ(Order(picker), order);
-    ExpectSpokenNames(picker, {{L"tvTasks", L"Lessons and tasks"}});
+    CheckSpokenNames(picker, {{L"tvTasks", L"Lessons and tasks"}});
     ExpectStyles(picker.Descendant(L"tvTasks"),
                  TVS_HASLINES | TVS_LINESATROOT | TVS_HASBUTTONS | TVS_SHOWSELALWAYS | WS_TABSTOP);
     ExpectOneDefaultButton(picker, IDOK);

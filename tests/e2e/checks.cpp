@@ -192,4 +192,26 @@ void CheckNothingClipped(const Window& form, int points, int dpi) {
     }
 }
 
+void CheckSpokenNames(const Window& form, const SpokenNames& names) {
+    SpokenNames found;
+    for (const Window& control : form.Children()) {
+        if (!control.IsTextOrListControl()) continue;
+        const Window label = control.Previous();
+        found.emplace_back(control.Name(), label && label.IsStatic() ? label.Text() : L"(no static before it)");
+    }
+    EXPECT_EQ(found, names);
+}
+
+void CheckGroup(const Window& form, std::wstring_view group, const std::vector<std::wstring>& members) {
+    const Window box = form.Descendant(group);
+    ASSERT_TRUE(box && box.IsGroupBox()) << ToUtf8(group);
+    Window next = box;
+    for (const std::wstring& member : members) {
+        next = next.Next();
+        EXPECT_EQ(next.Name(), member) << "members follow their group box directly";
+        EXPECT_EQ(next.Parent(), form) << "a group box is a sibling, not a parent";
+        EXPECT_TRUE(Contains(box.RectInParent(), next.RectInParent())) << ToUtf8(member) << " leaves its group box";
+    }
+}
+
 }  // namespace e2e

@@ -318,34 +318,12 @@ void EditorTest::ExpectTabOrder(const std::vector<std::wstring>& expected) {
     EXPECT_EQ(TabRound("Shift+Tab"), backwards);
 }
 
-void EditorTest::ExpectSpokenNames(const Window& form,
-                                   const std::vector<std::pair<std::wstring, std::wstring>>& names) {
-    std::vector<std::pair<std::wstring, std::wstring>> found;
-    for (const Window& control : form.Children()) {
-        if (!control.IsTextOrListControl()) continue;
-        const Window label = control.Previous();
-        found.emplace_back(control.Name(), label && label.IsStatic() ? label.Text() : L"(no static before it)");
-    }
-    EXPECT_EQ(found, names);
-}
-
 void EditorTest::ExpectGroup(const Window& form, std::wstring_view group, const std::vector<std::wstring>& members) {
-    const Window box = form.Descendant(group);
-    ASSERT_TRUE(box && box.IsGroupBox()) << ToUtf8(group);
-    Window next = box;
-    for (const std::wstring& member : members) {
-        next = next.Next();
-        EXPECT_EQ(next.Name(), member) << "members follow their group box directly";
-        EXPECT_EQ(next.Parent(), form) << "a group box is a sibling, not a parent";
-        const RECT outer = box.RectInParent();
-        const RECT inner = next.RectInParent();
-        RECT united{};
-        UnionRect(&united, &outer, &inner);
-        EXPECT_TRUE(EqualRect(&united, &outer)) << ToUtf8(member) << " leaves its group box";
-        const bool first = member == members.front();
-        EXPECT_EQ((next.Style() & WS_GROUP) != 0, first) << ToUtf8(member);
-    }
-    EXPECT_NE(next.Next().Style() & WS_GROUP, 0U) << "the control after the set begins another group";
+    CheckGroup(form, group, members);
+    for (const std::wstring& member : members)
+        EXPECT_EQ((form.Descendant(member).Style() & WS_GROUP) != 0, member == members.front()) << ToUtf8(member);
+    EXPECT_NE(form.Descendant(members.back()).Next().Style() & WS_GROUP, 0U)
+        << "the control after the set begins another group";
 }
 
 void EditorTest::ExpectOneDefaultButton(const Window& dialog) {

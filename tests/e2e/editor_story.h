@@ -120,7 +120,6 @@ protected:
     // What a screen reader needs.
     static std::vector<std::wstring> Order(const Window& form);
     void ExpectTabOrder(const std::vector<std::wstring>& expected);
-    static void ExpectSpokenNames(const Window& form, const std::vector<std::pair<std::wstring, std::wstring>>& names);
     static void ExpectGroup(const Window& form, std::wstring_view group, const std::vector<std::wstring>& members);
     static void ExpectOneDefaultButton(const Window& dialog);
     /// Nothing overlaps, leaves the dialog or the screen, or is clipped.

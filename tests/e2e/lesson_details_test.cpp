@@ -251,7 +251,7 @@ TEST_F(LessonDetails, AccessibilityWalk) {
                                          L"fraTerminator", L"optionEnterTerminator", L"optionSpaceTerminator",
                                          L"optionNoTerminator", L"fraRepetitions", L"option2Repetitions",
                                          L"option4Repetitions", L"lblNotice", L"OKButton", L"CancelButton"}));
-    ExpectSpokenNames(dialog, {{L"txtLessonTitle", L"Title"}, {L"txtLessonIntro", L"Introduction"}});
+    CheckSpokenNames(dialog, {{L"txtLessonTitle", L"Title"}, {L"txtLessonIntro", L"Introduction"}});
     ExpectGroup(dialog, L"fraTerminator", {L"optionEnterTerminator", L"optionSpaceTerminator", L"optionNoTerminator"});
     ExpectGroup(dialog, L"fraRepetitions", {L"option2Repetitions", L"option4Repetitions"});
     EXPECT_EQ(In(kDetails, L"fraTerminator").Text(), L"Key that ends a task");

@@ -9,30 +9,17 @@
 
 #include <gtest/gtest.h>
 
+#include "support/test_files.h"
 #include "win32/error.h"
-#include "win32/unique_handle.h"
-#include "win32/windows_api.h"
 
 namespace unit {
 
-/// The bytes of a file; of a file that is not there, nothing.
-std::string ReadBytes(const std::filesystem::path& file);
-/// Writes a file anew, together with the folders that it needs.
-void WriteBytes(const std::filesystem::path& file, std::string_view bytes);
-/// Every file below a folder with its bytes, and every folder (its path ends in a backslash).
-std::map<std::wstring, std::string> Snapshot(const std::filesystem::path& folder);
+using test_files::HeldFile;
+using test_files::ReadBytes;
+using test_files::Snapshot;
+using test_files::WriteBytes;
 
 bool RunsUnderWine();
-
-/// Holds a file open so that others may read but not write it, as a second program would.
-class HeldFile {
-public:
-    explicit HeldFile(const std::filesystem::path& file);
-    [[nodiscard]] bool Held() const { return static_cast<bool>(handle_); }
-
-private:
-    win32::UniqueHandle<HANDLE, &CloseHandle> handle_;
-};
 
 /// Gives the session state the values that it has when the program starts.
 void ResetSession();

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "driver/program.h"
+#include "support/test_files.h"
 
 namespace e2e {
 
@@ -21,26 +22,10 @@ std::filesystem::path UserFolder();
 void WipeDataFolders();
 void RemoveTree(const std::filesystem::path& path);
 
-/// The bytes of a file; of a file that is not there, nothing.
-std::string ReadBytes(const std::filesystem::path& file);
-/// Writes a file anew, together with the folders that it needs.
-void WriteBytes(const std::filesystem::path& file, std::string_view bytes);
-
-/// Every file below a folder with its bytes, and every folder (its path ends in a backslash).
-std::map<std::wstring, std::string> Snapshot(const std::filesystem::path& folder);
-
-/// Holds a file open so that others may read but not write it, as a second program would.
-class HeldFile {
-public:
-    explicit HeldFile(const std::filesystem::path& file, bool othersMayRead = true);
-    bool Held() const { return handle_ != nullptr; }
-
-private:
-    struct Closer {
-        void operator()(HANDLE handle) const { CloseHandle(handle); }
-    };
-    std::unique_ptr<void, Closer> handle_;
-};
+using test_files::HeldFile;
+using test_files::ReadBytes;
+using test_files::Snapshot;
+using test_files::WriteBytes;
 
 /// Builds a lesson file line by line in the shape that the program itself writes.
 struct LessonText {
