@@ -188,6 +188,7 @@ void dlgLessonEdit::UpdateNotice() {
         sentences.push_back(modTyping::ValueNotice(explanation, task.explanation));
     }
     sentences.push_back(modTyping::CutValueNotice(cut));
+    sentences.push_back(modTyping::UnsavedTasksNotice(tasks_.Count()));
     sentences.push_back(modTyping::FullTableNotice(tasks_.IsFull()));
     sentences.push_back(modTyping::LessonSizeNotice(
         modTyping::LessonBytes(gLessonTitle, gLessonIntro, gTaskTerminator, gTaskReps, tasks_)));

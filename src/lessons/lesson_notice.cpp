@@ -46,6 +46,11 @@ std::wstring FullTableNotice(bool full) {
     return full ? L"The 100 tasks that are saved are reached: another one would not be kept." : L"";
 }
 
+std::wstring UnsavedTasksNotice(std::size_t tasks) {
+    if (tasks <= TaskTable::kSavedRows) return {};
+    return L"Only the first 100 of these " + std::to_wstring(tasks) + L" tasks are saved.";
+}
+
 std::wstring RepetitionsNotice(int stored, bool twiceSelected) {
     if (stored <= 2 || !twiceSelected) return {};
     return L"This lesson has " + std::to_wstring(stored) + L" repetitions; they stand at 2 now.";

@@ -20,6 +20,9 @@ std::wstring LessonSizeNotice(std::size_t bytes);
 /// Says that no more tasks are saved; "" while there is room.
 std::wstring FullTableNotice(bool full);
 
+/// Says how many of a lesson's tasks are saved; "" when all are.
+std::wstring UnsavedTasksNotice(std::size_t tasks);
+
 /// Says that repetitions stand at 2 that were more; "" otherwise.
 std::wstring RepetitionsNotice(int stored, bool twiceSelected);
 

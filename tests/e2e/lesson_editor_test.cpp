@@ -439,6 +439,22 @@ TEST_F(LessonEditor, HundredTasksAreKeptAndTheHundredAndFirstIsNot) {
     EXPECT_EQ(Lessons().Count(), 101);
 }
 
+TEST_F(LessonEditor, StoredHundredAndFirstTaskIsToldOnOpeningAndStaysInTheBackup) {
+    StoredLesson lesson{.title = "Long"};
+    for (int task = 1; task <= 101; ++task) lesson.tasks.push_back(Letters("t" + std::to_string(task), ""));
+    WriteTeachersFile({lesson});
+    const std::string before = TeachersBytes();
+    StartInTeachersList();
+    ASSERT_NO_FATAL_FAILURE(OpenLesson(1));
+    ASSERT_EQ(TaskLines().size(), 101U);
+    EXPECT_TRUE(Notice(kEditor).starts_with(L"Only the first 100 of these 101 tasks are saved."))
+        << ToUtf8(Notice(kEditor));
+    ASSERT_NO_FATAL_FAILURE(SaveLesson());
+    lesson.tasks.pop_back();
+    EXPECT_EQ(TeachersBytes(), StoredFile({lesson}));
+    EXPECT_EQ(ReadBytes(UserFolder() / L"TeachersLessons.bak"), before);
+}
+
 TEST_F(LessonEditor, LessonNumbered100AndAboveIsEditedAndAdded) {
     const std::string section = StoredSection(100, {.title = "Hundred", .tasks = {Letters("old")}});
     WriteBytes(TeachersFile(), "[Lessons]\r\nNbrOfLessons=100\r\n" + section);

@@ -63,6 +63,11 @@ TEST(FullTableNotice, TellsThatAHundredTasksAreReached) {
     EXPECT_EQ(FullTableNotice(true), L"The 100 tasks that are saved are reached: another one would not be kept.");
 }
 
+TEST(UnsavedTasksNotice, TellsHowManyAreSavedWhenOneIsNot) {
+    EXPECT_EQ(UnsavedTasksNotice(100), L"");
+    EXPECT_EQ(UnsavedTasksNotice(101), L"Only the first 100 of these 101 tasks are saved.");
+}
+
 TEST(RepetitionsNotice, TellsOfMoreThanTwoThatStandAtTwo) {
     EXPECT_EQ(RepetitionsNotice(4, true), L"This lesson has 4 repetitions; they stand at 2 now.");
     EXPECT_EQ(RepetitionsNotice(9, true), L"This lesson has 9 repetitions; they stand at 2 now.");
