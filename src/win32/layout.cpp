@@ -34,6 +34,15 @@ std::size_t LinesAt(const CaptionWidths& caption, int width) {
     return lines;
 }
 
+int LineWidth(const CaptionWidths& caption) {
+    const int blanks = std::max(0, static_cast<int>(caption.words.size()) - 1);
+    return std::accumulate(caption.words.begin(), caption.words.end(), 0) + caption.blank * blanks;
+}
+
+int WidestWord(const CaptionWidths& caption) {
+    return caption.words.empty() ? 0 : *std::max_element(caption.words.begin(), caption.words.end());
+}
+
 }  // namespace
 
 int TwipsToPixels(int twips, int dpi) { return Scale(twips, dpi, kTwipsPerInch); }
@@ -75,33 +84,18 @@ MainLayout LayOutMain(const MainLayoutInput& input) {
     return layout;
 }
 
-int WrappedWidth(const CaptionWidths& caption, std::size_t lines) {
-    if (caption.words.empty()) return 0;
-    int narrowest = *std::max_element(caption.words.begin(), caption.words.end());
-    int widest = std::accumulate(caption.words.begin(), caption.words.end(), 0) +
-                 caption.blank * static_cast<int>(caption.words.size() - 1);
-    while (narrowest < widest) {
-        const int middle = narrowest + (widest - narrowest) / 2;
-        if (LinesAt(caption, middle) <= lines)
-            widest = middle;
-        else
-            narrowest = middle + 1;
-    }
-    return widest;
-}
-
 ButtonRow FitButtons(std::span<const CaptionWidths> captions, int available, int padding, int gap) {
-    std::size_t mostWords = 1;
-    for (const CaptionWidths& caption : captions) mostWords = std::max(mostWords, caption.words.size());
     ButtonRow row;
-    for (row.lines = 1; row.lines <= mostWords; ++row.lines) {
-        row.widths.clear();
-        int total = gap * (static_cast<int>(captions.size()) - 1);
-        for (const CaptionWidths& caption : captions) {
-            row.widths.push_back(WrappedWidth(caption, row.lines) + padding);
-            total += row.widths.back();
-        }
-        if (total <= available || row.lines == mostWords) break;
+    int total = gap * (static_cast<int>(captions.size()) - 1);
+    for (const CaptionWidths& caption : captions) {
+        row.widths.push_back(LineWidth(caption) + padding);
+        total += row.widths.back();
+    }
+    if (total <= available) return row;
+    for (std::size_t i = 0; i < captions.size(); ++i) {
+        const int narrowest = WidestWord(captions[i]);
+        row.widths[i] = narrowest + padding;
+        row.lines = std::max(row.lines, LinesAt(captions[i], narrowest));
     }
     return row;
 }

@@ -78,17 +78,15 @@ struct CaptionWidths {
     int blank = 0;
 };
 
-/// The narrowest width in which the words fit on at most `lines` lines, filled greedily.
-int WrappedWidth(const CaptionWidths& caption, std::size_t lines);
-
 /// A row of buttons: how many text lines they need and how wide each is.
 struct ButtonRow {
     std::size_t lines = 1;
     std::vector<int> widths;
 };
 
-/// The fewest lines on which all the captions fit side by side in `available` pixels, each with `padding` around its
-/// text and `gap` between two; when nothing fits, the narrowest form of all.
+/// All captions on one line where they fit side by side in `available` pixels, each with `padding` around its text and
+/// `gap` between two; otherwise each as narrow as its widest word. Forms in between are left out: not every system
+/// breaks such a caption where it was measured.
 ButtonRow FitButtons(std::span<const CaptionWidths> captions, int available, int padding, int gap);
 
 }  // namespace win32

@@ -139,19 +139,21 @@ TEST(LayOutMain, BelowARestOf1TheTextKeepsItsHeightAndTheTypingAreaHasNone) {
     }
 }
 
-TEST(WrappedWidth, IsTheNarrowestForTheLines) {
-    const CaptionWidths caption{{30, 50, 20, 40}, 5};
-    EXPECT_EQ(WrappedWidth(caption, 1), 30 + 50 + 20 + 40 + 15);
-    EXPECT_EQ(WrappedWidth(caption, 2), 85);
-    EXPECT_EQ(WrappedWidth(caption, 3), 65);
-    EXPECT_EQ(WrappedWidth(caption, 4), 50);
-    EXPECT_EQ(WrappedWidth(caption, 9), 50);
+TEST(FitButtons, TakesNoFormBetweenOneLineAndTheNarrowest) {
+    const std::vector<CaptionWidths> captions{{{30, 50, 20, 40}, 5}};
+    EXPECT_EQ(FitButtons(captions, 155, 0, 10).widths, (std::vector<int>{155}));
+    const ButtonRow row = FitButtons(captions, 154, 0, 10);
+    EXPECT_EQ(row.widths, (std::vector<int>{50}));
+    EXPECT_EQ(row.lines, 4U);
 }
 
-TEST(WrappedWidth, OfOneWordIsTheWordAndOfNoneNothing) {
-    EXPECT_EQ(WrappedWidth({{70}, 5}, 1), 70);
-    EXPECT_EQ(WrappedWidth({{70}, 5}, 3), 70);
-    EXPECT_EQ(WrappedWidth({{}, 5}, 1), 0);
+TEST(FitButtons, ACaptionOfOneWordHasOneWidthAndOneOfNoneHasItsPadding) {
+    const std::vector<CaptionWidths> captions{{{70}, 5}, {{}, 5}};
+    for (const int available : {1000, 10}) {
+        const ButtonRow row = FitButtons(captions, available, 20, 10);
+        EXPECT_EQ(row.lines, 1U);
+        EXPECT_EQ(row.widths, (std::vector<int>{90, 20}));
+    }
 }
 
 TEST(FitButtons, StaysOnOneLineWhileThereIsRoom) {
