@@ -4,6 +4,8 @@
 #include <string>
 #include <system_error>
 
+#include "driver/wait.h"
+
 namespace e2e {
 
 Program::Program(const std::filesystem::path& executable) {
@@ -11,10 +13,16 @@ Program::Program(const std::filesystem::path& executable) {
     STARTUPINFOW startup{};
     startup.cb = sizeof(startup);
     PROCESS_INFORMATION information{};
-    if (!CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
-                        &information))
-        throw std::system_error(static_cast<int>(GetLastError()), std::system_category(),
-                                "cannot start " + executable.string());
+    // Right after its server has started, Wine now and then answers the first start with an internal error.
+    DWORD error = ERROR_SUCCESS;
+    WaitUntil([&] {
+        const BOOL started = CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
+                                            &startup, &information);
+        error = started != FALSE ? ERROR_SUCCESS : GetLastError();
+        return error != ERROR_INTERNAL_ERROR;
+    });
+    if (error != ERROR_SUCCESS)
+        throw std::system_error(static_cast<int>(error), std::system_category(), "cannot start " + executable.string());
     CloseHandle(information.hThread);
     process_.reset(information.hProcess);
     id_ = information.dwProcessId;
