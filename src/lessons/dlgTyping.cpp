@@ -9,6 +9,7 @@
 #include "shell/channel.h"
 #include "shell/modGlobals.h"
 #include "shell/modUtils.h"
+#include "shell/tree_selection.h"
 #include "win32/message_box.h"
 
 using namespace modGlobals;
@@ -58,14 +59,10 @@ void dlgTyping::ShowLessonButtons(bool shown) {
 }
 
 bool dlgTyping::TakeSelection() {
-    const auto node = tvTasks.Selected();
-    if (node == nullptr) {
-        win32::ShowMessage(tvTasks.Count() > 0 ? L"Select a lesson or task first"
-                                               : L"There are no lessons or tasks to select");
-        return false;
-    }
-    modTyping::ParseSelection(tvTasks.Key(node));
-    return true;
+    const auto key = tree_selection::SelectedKey(tvTasks, L"Select a lesson or task first",
+                                                 L"There are no lessons or tasks to select");
+    if (key) modTyping::ParseSelection(*key);
+    return key.has_value();
 }
 
 void dlgTyping::OnOKButtonClick() {
