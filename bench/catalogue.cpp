@@ -9,6 +9,7 @@
 #include <system_error>
 
 #include "lessons/lesson_text.h"
+#include "shell/lesson_file.h"
 #include "win32/text.h"
 #include "win32/windows_api.h"
 
@@ -98,7 +99,7 @@ void WriteCatalogue(const std::filesystem::path& file) {
     std::string bytes;
     AppendSection(bytes, L"Lessons", {{"NbrOfLessons", std::to_string(kLessons)}});
     for (std::int16_t number = 1; number <= kLessons; ++number)
-        AppendSection(bytes, modTyping::LessonSectionName(number), Entries(MakeLesson(number)));
+        AppendSection(bytes, lesson_file::SectionName(number), Entries(MakeLesson(number)));
     {
         std::ofstream stream(file, std::ios::binary);
         stream.exceptions(std::ios::badbit | std::ios::failbit);

@@ -17,6 +17,7 @@
 #include "lessons/lesson_text.h"
 #include "lessons/modTyping.h"
 #include "resource_ids.h"
+#include "shell/lesson_file.h"
 #include "shell/modGlobals.h"
 #include "win32/controls.h"
 #include "win32/form.h"
@@ -118,10 +119,10 @@ std::vector<std::wstring> FillByOnePass(const std::wstring& file, HWND tree) {
             lesson = Number(content.substr(2));
         } else if (content.starts_with(kTitle)) {
             const int prefix = swprintf(text.data(), text.size(), L"%d. ", lesson);
-            root = insert(TVI_ROOT, modTyping::LessonSectionName(lesson), content.substr(kTitle.size()), prefix);
+            root = insert(TVI_ROOT, lesson_file::SectionName(lesson), content.substr(kTitle.size()), prefix);
         } else if (content.starts_with(kTask)) {
             const std::int16_t task = Number(content.substr(kTask.size()));
-            insert(root, modTyping::TaskNodeKey(lesson, task), content.substr(content.find('=') + 1), 0);
+            insert(root, lesson_file::TaskNodeKey(lesson, task), content.substr(content.find('=') + 1), 0);
         }
     }
     ShowWindow(tree, SW_SHOWNA);
@@ -223,7 +224,7 @@ TEST_CASE("Showing the lesson tree", "[lessons]") {
     load();
     const NodeTexts loaded = TextsInTree(tree);
     CHECK(form.tvTasks.IsShown());
-    CHECK(form.tvTasks.FindKey(modTyping::TaskNodeKey(bench::kLessons, bench::kTasks)) != nullptr);
+    CHECK(form.tvTasks.FindKey(lesson_file::TaskNodeKey(bench::kLessons, bench::kTasks)) != nullptr);
     ready();
     CHECK(FillByOnePass(file, tree).size() == kNodes);
     CHECK(loaded.size() == kNodes);
@@ -240,7 +241,7 @@ TEST_CASE("Saving one lesson", "[lessons]") {
     const std::filesystem::path single = folder.Path() / "Single.ini";
     bench::WriteCatalogue(original);
     const bench::Lesson lesson = bench::MakeLesson(kSavedLesson, 1);
-    const std::wstring section = modTyping::LessonSectionName(kSavedLesson);
+    const std::wstring section = lesson_file::SectionName(kSavedLesson);
     modTyping::TaskTable tasks;
     for (const modTyping::TaskRow& row : lesson.tasks) REQUIRE(tasks.Load(row));
     modGlobals::gTeachersLessonsIni = saved.wstring();

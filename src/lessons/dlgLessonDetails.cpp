@@ -1,9 +1,9 @@
 // The lesson details dialog.
 #include "lessons/dlgLessonDetails.h"
 
-#include "lessons/lesson_notice.h"
 #include "shell/channel.h"
 #include "shell/modGlobals.h"
+#include "shell/notices.h"
 
 using namespace modGlobals;
 
@@ -52,9 +52,9 @@ void dlgLessonDetails::ShowForm(std::int16_t lesson, const std::wstring& title, 
 }
 
 void dlgLessonDetails::UpdateNotice() {
-    lblNotice.Say(modTyping::JoinNotices({modTyping::ValueNotice(L"The title", txtLessonTitle.Text()),
-                                          modTyping::ValueNotice(L"The introduction", txtLessonIntro.Text()),
-                                          modTyping::RepetitionsNotice(gTaskReps, option2Repetitions.IsChecked())}));
+    lblNotice.Say(notices::JoinNotices({notices::ValueNotice(L"The title", txtLessonTitle.Text()),
+                                        notices::ValueNotice(L"The introduction", txtLessonIntro.Text()),
+                                        notices::RepetitionsNotice(gTaskReps, option2Repetitions.IsChecked())}));
 }
 
 void dlgLessonDetails::OnOKButtonClick() {

@@ -6,9 +6,9 @@
 
 #include "lessons/dlgLessonDetails.h"
 #include "lessons/dlgTaskEdit.h"
-#include "lessons/lesson_notice.h"
 #include "shell/modGlobals.h"
 #include "shell/modUtils.h"
+#include "shell/notices.h"
 #include "win32/error.h"
 #include "win32/message_box.h"
 #include "win32/text.h"
@@ -176,21 +176,21 @@ void dlgLessonEdit::UpdateNotice() {
     std::vector<std::wstring> cut;
     if (cut_.title) cut.emplace_back(kTitle);
     if (cut_.intro) cut.emplace_back(kIntro);
-    std::vector<std::wstring> sentences{modTyping::ValueNotice(kTitle, gLessonTitle),
-                                        modTyping::ValueNotice(kIntro, gLessonIntro)};
+    std::vector<std::wstring> sentences{notices::ValueNotice(kTitle, gLessonTitle),
+                                        notices::ValueNotice(kIntro, gLessonIntro)};
     for (std::size_t row = 0; row < tasks_.Count(); ++row) {
         const modTyping::TaskRow& task = tasks_[row];
         const std::wstring text = L"The text of task " + std::to_wstring(row + 1);
         const std::wstring explanation = L"The explanation of task " + std::to_wstring(row + 1);
         if (task.textCut) cut.push_back(text);
         if (task.explanationCut) cut.push_back(explanation);
-        sentences.push_back(modTyping::ValueNotice(text, task.text));
-        sentences.push_back(modTyping::ValueNotice(explanation, task.explanation));
+        sentences.push_back(notices::ValueNotice(text, task.text));
+        sentences.push_back(notices::ValueNotice(explanation, task.explanation));
     }
-    sentences.push_back(modTyping::CutValueNotice(cut));
-    sentences.push_back(modTyping::UnsavedTasksNotice(tasks_.Count()));
-    sentences.push_back(modTyping::FullTableNotice(tasks_.IsFull()));
-    sentences.push_back(modTyping::LessonSizeNotice(
+    sentences.push_back(notices::CutValueNotice(cut));
+    sentences.push_back(notices::UnsavedNotice(L"tasks", tasks_.Count()));
+    sentences.push_back(notices::FullTableNotice(L"tasks", tasks_.IsFull()));
+    sentences.push_back(notices::LessonSizeNotice(
         modTyping::LessonBytes(gLessonTitle, gLessonIntro, gTaskTerminator, gTaskReps, tasks_)));
-    lblNotice.Say(modTyping::JoinNotices(sentences));
+    lblNotice.Say(notices::JoinNotices(sentences));
 }

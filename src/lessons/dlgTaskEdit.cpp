@@ -5,10 +5,10 @@
 #include <array>
 
 #include "lessons/command_keys.h"
-#include "lessons/lesson_notice.h"
 #include "lessons/lesson_text.h"
 #include "lessons/task_table.h"
 #include "shell/modGlobals.h"
+#include "shell/notices.h"
 #include "win32/accessible.h"
 #include "win32/text.h"
 #include "win32/windows_api.h"
@@ -135,10 +135,10 @@ void dlgTaskEdit::OnOKButtonClick() {
 }
 
 void dlgTaskEdit::UpdateNotice() {
-    const bool beyondSaved = static_cast<std::size_t>(task_) > modTyping::TaskTable::kSavedRows;
-    lblNotice.Say(modTyping::JoinNotices({modTyping::FullTableNotice(beyondSaved),
-                                          modTyping::ValueNotice(L"The task", win32::TrimBlanks(txtTask.Text())),
-                                          modTyping::ValueNotice(L"The explanation", txtTaskExplanation.Text())}));
+    const bool beyondSaved = static_cast<std::size_t>(task_) > kSavedRows;
+    lblNotice.Say(notices::JoinNotices({notices::FullTableNotice(L"tasks", beyondSaved),
+                                        notices::ValueNotice(L"The task", win32::TrimBlanks(txtTask.Text())),
+                                        notices::ValueNotice(L"The explanation", txtTaskExplanation.Text())}));
 }
 
 void dlgTaskEdit::ToggleCapture() {

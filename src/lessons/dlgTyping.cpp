@@ -1,7 +1,7 @@
 // The lesson picker.
 #include "lessons/dlgTyping.h"
 
-#include <algorithm>
+#include <string>
 #include <vector>
 
 #include "lessons/dlgLessonEdit.h"
@@ -9,36 +9,23 @@
 #include "shell/channel.h"
 #include "shell/modGlobals.h"
 #include "shell/modUtils.h"
-#include "shell/tree_selection.h"
 #include "win32/message_box.h"
 
 using namespace modGlobals;
-
-namespace {
-
-/// What the notice line says when lessons lost their end on moving.
-std::wstring CutNotice(const std::vector<std::int16_t>& lessons) {
-    if (lessons.empty()) return {};
-    std::wstring numbers;
-    for (const std::int16_t lesson : lessons) numbers += (numbers.empty() ? L"" : L", ") + std::to_wstring(lesson);
-    return (lessons.size() == 1 ? L"Lesson " : L"Lessons ") + numbers +
-           L" lost the end beyond 4000 bytes. TeachersLessons.bak holds the file as it was.";
-}
-
-}  // namespace
 
 dlgTyping& dlgTyping::Default() {
     static dlgTyping form;
     return form;
 }
 
-dlgTyping::dlgTyping() : Dialog(L"dlgTyping", IDD_TYPING) {
+dlgTyping::dlgTyping()
+    : LessonPicker(
+          L"dlgTyping", IDD_TYPING, {IDC_TYPING_TASKS, IDC_TYPING_ACCESSIBILITY, IDC_TYPING_NOTICE},
+          {L"Select a lesson or task first", L"There are no lessons or tasks to select", L"TeachersLessons.bak"}) {
     OKButton.OnClick = [this] { OnOKButtonClick(); };
     cmdAddLesson.OnClick = [this] { OnAddLessonClick(); };
     cmdEditLesson.OnClick = [this] { OnEditLessonClick(); };
     cmdRemoveLesson.OnClick = [this] { OnRemoveLessonClick(); };
-    parts.main = &tvTasks;
-    parts.notice = &lblNotice;
     parts.buttons = {&OKButton, &cmdAddLesson, &cmdEditLesson, &cmdRemoveLesson, &CancelButton};
 }
 
@@ -49,21 +36,9 @@ int dlgTyping::ShowForm(std::wstring_view prefix) {
     return result;
 }
 
-void dlgTyping::OnLoad() { cmdAccessibility.Show(false); }
+void dlgTyping::TakeKey(std::wstring_view key) { modTyping::ParseSelection(key); }
 
-void dlgTyping::ShowLessonButtons(bool shown) {
-    cmdAddLesson.Show(shown);
-    cmdEditLesson.Show(shown);
-    cmdRemoveLesson.Show(shown);
-    LayOut();
-}
-
-bool dlgTyping::TakeSelection() {
-    const auto key = tree_selection::SelectedKey(tvTasks, L"Select a lesson or task first",
-                                                 L"There are no lessons or tasks to select");
-    if (key) modTyping::ParseSelection(*key);
-    return key.has_value();
-}
+std::int16_t dlgTyping::LoadTeachersList() { return modTyping::LoadLessons(gTeachersLessonsIni, tvTasks); }
 
 void dlgTyping::OnOKButtonClick() {
     if (!TakeSelection()) return;
@@ -107,14 +82,5 @@ void dlgTyping::OnRemoveLessonClick() {
     std::vector<std::int16_t> cutLessons;
     modTyping::SaveNewLesson(lesson, &cutLessons);
     modUtils::PutTeachersLessonsToNetwork();
-    Refill(lesson);
-    lblNotice.Say(CutNotice(cutLessons));
-}
-
-void dlgTyping::Refill(std::int16_t lesson) {
-    tvTasks.Clear();
-    const std::int16_t count = modTyping::LoadLessons(gTeachersLessonsIni, tvTasks);
-    const std::int16_t nearest = std::min(lesson, count);
-    if (nearest > 0) tvTasks.Select(tvTasks.FindKey(modTyping::LessonSectionName(nearest)));
-    tvTasks.Focus();
+    RefillAfterRemoval(lesson, cutLessons);
 }

@@ -19,7 +19,7 @@ void Show(const wchar_t* prefix, const wchar_t* caption, const std::wstring& fil
     const win32::UnloadAtExit unload(picker);
     picker.Load();
     picker.SetCaption(caption);
-    picker.ShowLessonButtons(editable);
+    picker.ShowEditingButtons(editable);
     picker.tvTasks.Clear();
     LoadLessons(file, picker.tvTasks);
     picker.ShowForm(prefix);

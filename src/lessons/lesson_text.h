@@ -16,8 +16,6 @@ inline constexpr std::int16_t kCommandKeysKind = 5;
 inline constexpr std::int16_t kPhraseKind = 3;
 inline constexpr std::int16_t kOlderPhraseKind = 4;
 
-/// "L" and the number, at least two digits.
-std::wstring LessonSectionName(std::int16_t lesson);
 std::wstring KindTaskKey(std::int16_t task);
 std::wstring PrintTaskKey(std::int16_t task, Variant variant);
 std::wstring SpellTaskKey(std::int16_t task, Variant variant);
@@ -28,19 +26,6 @@ std::wstring SpellOutTask(std::wstring_view kind, std::wstring_view text);
 
 /// The kind under which a task is written: an older phrase is written as a phrase.
 std::wstring WrittenKind(std::wstring_view kind);
-
-/// The key of a task's tree node.
-std::wstring TaskNodeKey(std::int16_t lesson, std::int16_t task);
-
-/// The numbers of a tree node's key.
-struct Selection {
-    std::int16_t lesson = 0;
-    std::int16_t task = 0;
-    std::int16_t subTask = 0;
-};
-
-/// Reads a node key: its first character dropped, then up to three numbers; what is absent or no number is 0.
-Selection ParseNodeKey(std::wstring_view key);
 
 /// The run request: list name, gSep, and lesson and task, or gNoSelection when both are 0.
 std::wstring RunRequestText(std::wstring_view listName, std::int16_t lesson, std::int16_t task);

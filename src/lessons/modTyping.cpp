@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "shell/channel.h"
+#include "shell/lesson_file.h"
 #include "shell/modGlobals.h"
 #include "shell/modUtils.h"
 #include "win32/error.h"
@@ -19,24 +20,11 @@ namespace profile = win32::profile;
 namespace {
 
 constexpr wchar_t kListSection[] = L"Lessons";
-constexpr wchar_t kLessonCountKey[] = L"NbrOfLessons";
-constexpr wchar_t kTaskCountKey[] = L"NbrOfTasks";
-constexpr wchar_t kTitleKey[] = L"DefTitle";
 constexpr wchar_t kIntroKey[] = L"INTRO_LSN_JAWS";
 constexpr wchar_t kRepetitionsKey[] = L"TaskReps";
 constexpr wchar_t kTerminatorKey[] = L"TaskDL";
 
 constexpr wchar_t kDefaultTerminator[] = L"Space";
-
-// A longer section is written value by value: the system's documented limit for one write is not far above.
-constexpr std::size_t kLargestSectionWrite = 60000;
-
-std::wstring ReadText(const profile::Section& section, std::wstring_view key) {
-    std::wstring text = section.ReadString(key, L"");
-    // Most of the many thousand texts of a list have no blank to trim and need no copy.
-    if (text.empty() || (text.front() != L' ' && text.back() != L' ')) return text;
-    return win32::TrimBlanks(text);
-}
 
 /// The keys of a text's variants without their number, and the number that ends each of them.
 struct VariantKeys {
@@ -51,7 +39,7 @@ constexpr wchar_t kTitleMagKey[] = L"TitleMAG";
 constexpr wchar_t kTitleEngKey[] = L"TitleEng";
 constexpr wchar_t kTitleNonEngKey[] = L"TitleNonEng";
 
-VariantKeys TitleKeys() { return {kTitleMagKey, kTitleEngKey, kTitleNonEngKey, kTitleKey, {}}; }
+VariantKeys TitleKeys() { return {kTitleMagKey, kTitleEngKey, kTitleNonEngKey, lesson_file::kTitleKey, {}}; }
 
 /// The title's variants stand before the introduction too: such a lesson shows its title twice.
 VariantKeys IntroKeys() { return {kTitleMagKey, kTitleEngKey, kTitleNonEngKey, kIntroKey, {}}; }
@@ -63,7 +51,7 @@ VariantKeys TaskTextKeys(std::int16_t task) {
 
 /// The first key of the chain, by the switches, whose text is not empty; else the base one.
 std::wstring ChosenKey(const profile::Section& section, const VariantKeys& keys) {
-    const auto hasText = [&](const std::wstring& key) { return !ReadText(section, key).empty(); };
+    const auto hasText = [&](const std::wstring& key) { return !lesson_file::ReadText(section, key).empty(); };
     if (IsMAGicUser())
         if (std::wstring key = keys.magnifier + keys.number; hasText(key)) return key;
     if (IsLanguageOne())
@@ -74,45 +62,34 @@ std::wstring ChosenKey(const profile::Section& section, const VariantKeys& keys)
 }
 
 std::wstring ReadVariant(const profile::Section& section, const VariantKeys& keys) {
-    return ReadText(section, ChosenKey(section, keys));
+    return lesson_file::ReadText(section, ChosenKey(section, keys));
 }
 
-std::int16_t LessonCount(const std::wstring& file) { return profile::ReadInt16(file, kListSection, kLessonCountKey); }
+lesson_file::File ListIn(const std::wstring& file) { return {file, kListSection}; }
 
 CatalogueLesson ReadLesson(const std::wstring& file, std::int16_t number) {
     CatalogueLesson lesson;
-    lesson.key = LessonSectionName(number);
+    lesson.key = lesson_file::SectionName(number);
     const profile::Section section(file, lesson.key);
-    const std::int16_t taskCount = section.ReadInt16(kTaskCountKey);
+    const std::int16_t taskCount = section.ReadInt16(lesson_file::kTaskCountKey);
     lesson.text = std::to_wstring(number) + L". " + ReadVariant(section, TitleKeys());
     lesson.tasks.reserve(static_cast<std::size_t>(std::clamp<std::int16_t>(taskCount, 0, kMaxListedTasks)));
     for (std::int16_t task = 1; task <= taskCount; ++task) {
         if (task > kMaxListedTasks) throw win32::SubscriptError(L"LoadLessons");
-        lesson.tasks.push_back({TaskNodeKey(number, task), ReadVariant(section, TaskTextKeys(task))});
+        lesson.tasks.push_back({lesson_file::TaskNodeKey(number, task), ReadVariant(section, TaskTextKeys(task))});
     }
     return lesson;
 }
-
-/// Hides a tree and shows it again at the end of the scope, whatever happens in it.
-class HiddenTree {
-public:
-    explicit HiddenTree(const win32::TreeView& tree) : tree_(tree) { tree_.Show(false); }
-    HiddenTree(const HiddenTree&) = delete;
-    HiddenTree& operator=(const HiddenTree&) = delete;
-    ~HiddenTree() { tree_.Show(true); }
-
-private:
-    const win32::TreeView& tree_;
-};
 
 /// Reads one stored task into the table's next row and adds its text to the list, unless it has nothing at all.
 void ReadTaskForEdit(const profile::Section& section, std::int16_t task, TaskTable& tasks, win32::ListBox& list) {
     const Variant variant = WritingVariant();
     const std::wstring textKey = ChosenKey(section, TaskTextKeys(task));
     const std::wstring explanationKey = ExplanationKey(task, variant);
-    const std::wstring text = ReadText(section, textKey);
-    if (tasks.Load({ReadText(section, SpellTaskKey(task, variant)), ReadText(section, explanationKey),
-                    ReadText(section, KindTaskKey(task)), text, section.IsCut(textKey), section.IsCut(explanationKey)}))
+    const std::wstring text = lesson_file::ReadText(section, textKey);
+    if (tasks.Load({lesson_file::ReadText(section, SpellTaskKey(task, variant)),
+                    lesson_file::ReadText(section, explanationKey), lesson_file::ReadText(section, KindTaskKey(task)),
+                    text, section.IsCut(textKey), section.IsCut(explanationKey)}))
         list.Add(text);
 }
 
@@ -127,11 +104,11 @@ std::vector<profile::Line> LessonLines(std::wstring_view title, std::wstring_vie
                                        std::int16_t repetitions, const TaskTable& tasks) {
     const Variant variant = WritingVariant();
     const auto count = static_cast<std::int16_t>(tasks.UsedRows());
-    std::vector<profile::Line> lines{{kTitleKey, std::wstring(title)},
+    std::vector<profile::Line> lines{{lesson_file::kTitleKey, std::wstring(title)},
                                      {kIntroKey, std::wstring(intro)},
                                      {kRepetitionsKey, std::to_wstring(repetitions)},
                                      {kTerminatorKey, std::wstring(terminator)},
-                                     {kTaskCountKey, std::to_wstring(count)}};
+                                     {lesson_file::kTaskCountKey, std::to_wstring(count)}};
     for (std::int16_t task = 1; task <= count; ++task) {
         const TaskRow& row = tasks[static_cast<std::size_t>(task - 1)];
         const std::wstring kind = WrittenKind(row.kind);
@@ -149,12 +126,12 @@ Variant WritingVariant() { return IsLanguageOne() ? Variant::Eng : Variant::Usa;
 
 std::wstring GetLessonTitle(const std::wstring& file, std::int16_t lesson) {
     modUtils::RequireFile(file, L"GetLessonTitle");
-    return ReadVariant(profile::Section(file, LessonSectionName(lesson)), TitleKeys());
+    return ReadVariant(profile::Section(file, lesson_file::SectionName(lesson)), TitleKeys());
 }
 
 std::wstring GetLessonIntro(const std::wstring& file, std::int16_t lesson) {
     modUtils::RequireFile(file, L"GetLessonIntro");
-    return ReadVariant(profile::Section(file, LessonSectionName(lesson)), IntroKeys());
+    return ReadVariant(profile::Section(file, lesson_file::SectionName(lesson)), IntroKeys());
 }
 
 std::wstring GetTaskDisplay(const std::wstring& file, std::wstring_view section, std::int16_t task) {
@@ -163,7 +140,7 @@ std::wstring GetTaskDisplay(const std::wstring& file, std::wstring_view section,
 }
 
 std::vector<CatalogueLesson> ReadCatalogue(const std::wstring& file) {
-    const std::int16_t count = LessonCount(file);
+    const std::int16_t count = lesson_file::LessonCount(ListIn(file));
     std::vector<CatalogueLesson> lessons;
     for (std::int16_t number = 1; number <= count; ++number) {
         if (number > kMaxListedLessons) throw win32::SubscriptError(L"LoadLessons");
@@ -174,7 +151,7 @@ std::vector<CatalogueLesson> ReadCatalogue(const std::wstring& file) {
 
 std::int16_t LoadLessons(const std::wstring& file, win32::TreeView& tree) {
     modUtils::RequireFile(file, L"LoadLessons");
-    const HiddenTree hidden(tree);
+    const win32::HiddenTree hidden(tree);
     std::vector<CatalogueLesson> lessons = ReadCatalogue(file);
     for (CatalogueLesson& lesson : lessons) {
         const auto root = tree.Add(nullptr, std::move(lesson.key), lesson.text);
@@ -184,19 +161,18 @@ std::int16_t LoadLessons(const std::wstring& file, win32::TreeView& tree) {
 }
 
 std::int16_t GetNextTeachersLessonNbr() {
-    modUtils::RequireFile(gTeachersLessonsIni, L"GetNextTeachersLessonNbr");
-    return win32::ToInt16(LessonCount(gTeachersLessonsIni) + 1);
+    return lesson_file::NextLesson(ListIn(gTeachersLessonsIni), L"GetNextTeachersLessonNbr");
 }
 
 std::int16_t LoadLessonForEdit(const std::wstring& file, std::int16_t lesson, TaskTable& tasks, win32::ListBox& list,
                                CutDetails* cut) {
     modUtils::RequireFile(file, L"LoadLessonForEdit");
-    const profile::Section section(file, LessonSectionName(lesson));
-    const std::int16_t taskCount = section.ReadInt16(kTaskCountKey);
+    const profile::Section section(file, lesson_file::SectionName(lesson));
+    const std::int16_t taskCount = section.ReadInt16(lesson_file::kTaskCountKey);
     const std::wstring titleKey = ChosenKey(section, TitleKeys());
-    gLessonTitle = ReadText(section, titleKey);
+    gLessonTitle = lesson_file::ReadText(section, titleKey);
     const std::wstring introKey = ChosenKey(section, IntroKeys());
-    gLessonIntro = ReadText(section, introKey);
+    gLessonIntro = lesson_file::ReadText(section, introKey);
     if (cut != nullptr) *cut = {section.IsCut(titleKey), section.IsCut(introKey)};
     gTaskTerminator = win32::TrimBlanks(section.ReadString(kTerminatorKey, kDefaultTerminator));
     gTaskReps = win32::ToInt16(win32::LeadingNumber(section.ReadString(kRepetitionsKey, L"0")));
@@ -217,44 +193,17 @@ std::size_t LessonBytes(std::wstring_view title, std::wstring_view intro, std::w
 
 std::int16_t SaveLesson(std::int16_t lesson, std::wstring_view title, std::wstring_view intro,
                         std::wstring_view terminator, std::int16_t repetitions, const TaskTable& tasks) {
-    constexpr wchar_t kSource[] = L"SaveLesson";
-    const std::wstring& file = gTeachersLessonsIni;
-    modUtils::RequireFile(file, kSource);
-    const std::int16_t lessonCount = LessonCount(file);
-    modUtils::KeepBackup(file);
-    const std::wstring section = LessonSectionName(lesson);
-    const auto lines = LessonLines(title, intro, terminator, repetitions, tasks);
-    if (profile::SectionBytes(lines) <= kLargestSectionWrite) {
-        profile::WriteSection(file, section, lines, kSource);
-    } else {
-        profile::WriteSection(file, section, {lines.data(), 1}, kSource);
-        for (std::size_t i = 1; i < lines.size(); ++i)
-            profile::WriteString(file, section, lines[i].key, lines[i].value, kSource);
-    }
-    if (lesson > lessonCount)
-        profile::WriteString(file, kListSection, kLessonCountKey, std::to_wstring(lesson), kSource);
+    lesson_file::WriteLesson(ListIn(gTeachersLessonsIni), lesson,
+                             LessonLines(title, intro, terminator, repetitions, tasks), L"SaveLesson");
     return static_cast<std::int16_t>(tasks.UsedRows());
 }
 
 std::int16_t SaveNewLesson(std::int16_t lesson, std::vector<std::int16_t>* cutLessons) {
-    constexpr wchar_t kSource[] = L"SaveNewLesson";
-    const std::wstring& file = gTeachersLessonsIni;
-    modUtils::RequireFile(file, kSource);
-    const std::int16_t count = LessonCount(file);
-    if (count < 1 || lesson < 1 || lesson > count) return 0;
-    modUtils::KeepBackup(file);
-    for (std::int16_t number = lesson; number < count; ++number) {
-        const bool cut = profile::CopySection(file, LessonSectionName(static_cast<std::int16_t>(number + 1)),
-                                              LessonSectionName(number), kMovedSectionBytes, kSource);
-        if (cut && cutLessons != nullptr) cutLessons->push_back(number);
-    }
-    profile::RemoveSection(file, LessonSectionName(count), kSource);
-    profile::WriteString(file, kListSection, kLessonCountKey, std::to_wstring(count - 1), kSource);
-    return lesson;
+    return lesson_file::RemoveLesson(ListIn(gTeachersLessonsIni), lesson, cutLessons, L"SaveNewLesson");
 }
 
 std::wstring ParseSelection(std::wstring_view nodeKey) {
-    const Selection selection = ParseNodeKey(nodeKey);
+    const lesson_file::Selection selection = lesson_file::ParseNodeKey(nodeKey);
     gCurLessonNbr = selection.lesson;
     gCurTaskNbr = selection.task;
     gCurSubTaskNbr = selection.subTask;

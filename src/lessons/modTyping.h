@@ -16,9 +16,6 @@ namespace modTyping {
 inline constexpr std::int16_t kMaxListedLessons = 201;
 inline constexpr std::int16_t kMaxListedTasks = 101;
 
-/// A section is moved through a buffer of this many ANSI bytes; what does not fit is cut.
-inline constexpr std::size_t kMovedSectionBytes = 4000;
-
 /// The variant that the editor reads and writes, by the language switches.
 Variant WritingVariant();
 

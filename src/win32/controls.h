@@ -230,4 +230,16 @@ private:
     std::vector<Node> nodes_;
 };
 
+/// Hides a tree and shows it again at the end of the scope, whatever happens in it: filling it is much faster so.
+class HiddenTree {
+public:
+    explicit HiddenTree(const TreeView& tree) : tree_(tree) { tree_.Show(false); }
+    HiddenTree(const HiddenTree&) = delete;
+    HiddenTree& operator=(const HiddenTree&) = delete;
+    ~HiddenTree() { tree_.Show(true); }
+
+private:
+    const TreeView& tree_;
+};
+
 }  // namespace win32

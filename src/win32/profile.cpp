@@ -82,10 +82,6 @@ std::wstring TrimTrailingBlanks(std::wstring_view text) {
     return std::wstring(text.substr(0, text.find_last_not_of(L' ') + 1));
 }
 
-bool IsQuoted(std::string_view value) {
-    return value.size() >= 2 && value.front() == value.back() && (value.front() == '"' || value.front() == '\'');
-}
-
 /// A plain decimal number that both integer readers understand alike; anything else is left to the system.
 std::optional<std::int32_t> PlainNumber(std::string_view value) {
     constexpr std::size_t kMaxLength = 9;

@@ -28,6 +28,12 @@ std::wstring DropLineBreaks(std::wstring_view text);
 std::string ToAnsi(std::wstring_view text);
 std::wstring FromAnsi(std::string_view bytes);
 
+/// Whether a pair of like quotation marks stands around the whole text.
+template <typename Text>
+bool IsQuoted(const Text& text) {
+    return text.size() >= 2 && text.front() == text.back() && (text.front() == '"' || text.front() == '\'');
+}
+
 /// How many ANSI bytes the text takes.
 std::size_t AnsiLength(std::wstring_view text);
 

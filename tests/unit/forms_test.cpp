@@ -822,7 +822,7 @@ TEST(Placement, ANewDpiLaysOutAnewAtTheSuggestedPlace) {
     const win32::UnloadAtExit unload(picker);
     picker.Load();
     // Two buttons have room on one line before and afterwards.
-    picker.ShowLessonButtons(false);
+    picker.ShowEditingButtons(false);
     const int former = picker.Dpi();
     const int formerHeight = picker.OKButton.HeightTwips();
     RECT suggested{10, 20, 1210, 920};

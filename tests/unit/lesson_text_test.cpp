@@ -1,9 +1,7 @@
-// Lesson keys, node keys, run requests and spelled-out texts.
+// Lesson keys, run requests and spelled-out texts.
 #include "lessons/lesson_text.h"
 
 #include <gtest/gtest.h>
-
-#include "win32/error.h"
 
 namespace unit {
 namespace {
@@ -11,10 +9,6 @@ namespace {
 using namespace modTyping;
 
 TEST(LessonKeys, NumbersHaveAtLeastTwoDigits) {
-    EXPECT_EQ(LessonSectionName(7), L"L07");
-    EXPECT_EQ(LessonSectionName(10), L"L10");
-    EXPECT_EQ(LessonSectionName(123), L"L123");
-    EXPECT_EQ(LessonSectionName(0), L"L00");
     EXPECT_EQ(KindTaskKey(5), L"KIND_TASK_05");
     EXPECT_EQ(KindTaskKey(100), L"KIND_TASK_100");
 }
@@ -86,71 +80,6 @@ TEST(SpellOutTask, OnlyKind5IsCommandKeys) {
 TEST(WrittenKind, AnOlderPhraseIsWrittenAsAPhrase) {
     EXPECT_EQ(WrittenKind(L"4"), L"3");
     for (const wchar_t* kind : {L"1", L"2", L"3", L"5", L""}) EXPECT_EQ(WrittenKind(kind), kind);
-}
-
-TEST(TaskNodeKey, IsTheSectionAndTheTask) {
-    EXPECT_EQ(TaskNodeKey(3, 12),
-              L"L03\x05"
-              L"12");
-    EXPECT_EQ(TaskNodeKey(123, 5),
-              L"L123\x05"
-              L"05");
-    EXPECT_EQ(TaskNodeKey(1, 100),
-              L"L01\x05"
-              L"100");
-}
-
-TEST(ParseNodeKey, ReadsTheNumbersBehindTheFirstCharacter) {
-    const auto expect = [](const wchar_t* key, int lesson, int task, int subTask) {
-        const Selection selection = ParseNodeKey(key);
-        EXPECT_EQ(selection.lesson, lesson) << key;
-        EXPECT_EQ(selection.task, task) << key;
-        EXPECT_EQ(selection.subTask, subTask) << key;
-    };
-    expect(L"L03", 3, 0, 0);
-    expect(
-        L"L03\x05"
-        L"12",
-        3, 12, 0);
-    expect(
-        L"L123\x05"
-        L"100\x05"
-        L"7",
-        123, 100, 7);
-    expect(
-        L"L01\x05"
-        L"2\x05"
-        L"3\x05"
-        L"4",
-        1, 2, 3);
-    expect(L"X8", 8, 0, 0);
-    expect(L"38", 8, 0, 0);
-}
-
-TEST(ParseNodeKey, WhatIsAbsentOrNoNumberIs0) {
-    for (const wchar_t* key : {L"", L"L", L"Labc", L"L\x05", L"L\x05\x05", L"Lx\x05y\x05z"}) {
-        const Selection selection = ParseNodeKey(key);
-        EXPECT_EQ(selection.lesson, 0);
-        EXPECT_EQ(selection.task, 0);
-        EXPECT_EQ(selection.subTask, 0);
-    }
-    EXPECT_EQ(ParseNodeKey(L"L12abc\x05"
-                           L"4x")
-                  .lesson,
-              12);
-    EXPECT_EQ(ParseNodeKey(L"L12abc\x05"
-                           L"4x")
-                  .task,
-              4);
-    EXPECT_EQ(ParseNodeKey(L"L\x05"
-                           L"5")
-                  .task,
-              5);
-}
-
-TEST(ParseNodeKey, ANumberOver16BitsIsError6) {
-    EXPECT_EQ(ParseNodeKey(L"L32767").lesson, 32767);
-    EXPECT_THROW(ParseNodeKey(L"L32768"), win32::AppError);
 }
 
 TEST(RunRequestText, HoldsListLessonAndTask) {

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "shell/lesson_file.h"
 #include "shell/modGlobals.h"
 #include "shell/modUtils.h"
 #include "unit/data_set.h"
@@ -465,7 +466,7 @@ protected:
                              const std::vector<Task>& tasks) {
         const std::wstring file = NewFile(before);
         const std::string path = win32::ToAnsi(file);
-        const std::string section = win32::ToAnsi(LessonSectionName(lesson));
+        const std::string section = win32::ToAnsi(lesson_file::SectionName(lesson));
         const std::string line = "DefTitle=" + win32::ToAnsi(title) + std::string(2, '\0');
         EXPECT_TRUE(WritePrivateProfileSectionA(section.c_str(), line.data(), path.c_str()));
         const auto write = [&](const std::wstring& key, const std::wstring& value) {
@@ -582,7 +583,7 @@ TEST_F(SaveLessonTest, TextsThatEndInBlanksReadBackAsAfterSingleWrites) {
         const std::wstring copy = NewFile(Saved());
         EXPECT_EQ(GetLessonTitle(copy, lesson), L"title");
         EXPECT_EQ(GetLessonIntro(copy, lesson), L"intro");
-        EXPECT_EQ(GetTaskDisplay(copy, LessonSectionName(lesson), 1), L"a b");
+        EXPECT_EQ(GetTaskDisplay(copy, lesson_file::SectionName(lesson), 1), L"a b");
     }
 }
 

@@ -1,26 +1,19 @@
-// What the lesson editors say of texts that the file would not keep.
-#include "lessons/lesson_notice.h"
+// What the editors say of texts that the file would not keep.
+#include "shell/notices.h"
 
-#include "lessons/modTyping.h"
+#include "shell/lesson_file.h"
+#include "shell/row_table.h"
 #include "win32/profile.h"
 #include "win32/text.h"
 
-namespace modTyping {
-
-namespace {
-
-bool IsQuoted(std::wstring_view text) {
-    return text.size() >= 2 && text.front() == text.back() && (text.front() == L'"' || text.front() == L'\'');
-}
-
-}  // namespace
+namespace notices {
 
 std::wstring ValueNotice(std::wstring_view what, std::wstring_view value) {
     const std::wstring subject(what);
     if (win32::AnsiLength(value) > win32::profile::kMaxValueBytes)
         return subject + L" is too long: only its first 254 characters are read back.";
     if (!win32::FitsAnsi(value)) return subject + L" has characters that the file cannot keep.";
-    if (IsQuoted(win32::TrimBlanks(value)))
+    if (win32::IsQuoted(win32::TrimBlanks(value)))
         return subject + L" stands in quotation marks, and these are not read back.";
     return {};
 }
@@ -38,17 +31,18 @@ std::wstring CutValueNotice(const std::vector<std::wstring>& cut) {
 }
 
 std::wstring LessonSizeNotice(std::size_t bytes) {
-    if (bytes <= kMovedSectionBytes) return {};
+    if (bytes <= lesson_file::kMovedSectionBytes) return {};
     return L"This lesson takes more than 4000 bytes: its end would be cut when an earlier lesson is removed.";
 }
 
-std::wstring FullTableNotice(bool full) {
-    return full ? L"The 100 tasks that are saved are reached: another one would not be kept." : L"";
+std::wstring FullTableNotice(std::wstring_view items, bool full) {
+    if (!full) return {};
+    return L"The 100 " + std::wstring(items) + L" that are saved are reached: another one would not be kept.";
 }
 
-std::wstring UnsavedTasksNotice(std::size_t tasks) {
-    if (tasks <= TaskTable::kSavedRows) return {};
-    return L"Only the first 100 of these " + std::to_wstring(tasks) + L" tasks are saved.";
+std::wstring UnsavedNotice(std::wstring_view items, std::size_t count) {
+    if (count <= kSavedRows) return {};
+    return L"Only the first 100 of these " + std::to_wstring(count) + L" " + std::wstring(items) + L" are saved.";
 }
 
 std::wstring RepetitionsNotice(int stored, bool twiceSelected) {
@@ -66,4 +60,4 @@ std::wstring JoinNotices(const std::vector<std::wstring>& sentences) {
     return joined;
 }
 
-}  // namespace modTyping
+}  // namespace notices

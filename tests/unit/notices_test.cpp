@@ -1,5 +1,5 @@
-// What the lesson editors say of texts that the file would not keep.
-#include "lessons/lesson_notice.h"
+// What the editors say of texts that the file would not keep.
+#include "shell/notices.h"
 
 #include <string>
 #include <vector>
@@ -9,7 +9,7 @@
 namespace unit {
 namespace {
 
-using namespace modTyping;
+using namespace notices;
 
 TEST(ValueNotice, SaysNothingOfATextThatIsKept) {
     for (const std::wstring& text :
@@ -59,13 +59,14 @@ TEST(LessonSizeNotice, TellsOfASectionThatOutgrowsTheMovingBuffer) {
 }
 
 TEST(FullTableNotice, TellsThatAHundredTasksAreReached) {
-    EXPECT_EQ(FullTableNotice(false), L"");
-    EXPECT_EQ(FullTableNotice(true), L"The 100 tasks that are saved are reached: another one would not be kept.");
+    EXPECT_EQ(FullTableNotice(L"tasks", false), L"");
+    EXPECT_EQ(FullTableNotice(L"tasks", true),
+              L"The 100 tasks that are saved are reached: another one would not be kept.");
 }
 
 TEST(UnsavedTasksNotice, TellsHowManyAreSavedWhenOneIsNot) {
-    EXPECT_EQ(UnsavedTasksNotice(100), L"");
-    EXPECT_EQ(UnsavedTasksNotice(101), L"Only the first 100 of these 101 tasks are saved.");
+    EXPECT_EQ(UnsavedNotice(L"tasks", 100), L"");
+    EXPECT_EQ(UnsavedNotice(L"tasks", 101), L"Only the first 100 of these 101 tasks are saved.");
 }
 
 TEST(RepetitionsNotice, TellsOfMoreThanTwoThatStandAtTwo) {
