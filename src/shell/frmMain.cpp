@@ -8,6 +8,7 @@
 #include <tuple>
 #include <utility>
 
+#include "dictation/dictation_lists.h"
 #include "lessons/lesson_lists.h"
 #include "shell/ModMain.h"
 #include "shell/dlgLogin.h"
@@ -292,11 +293,16 @@ void frmMain::ShowTeachersLessonList() { modTyping::ShowTeachersLessons(); }
 
 void frmMain::ShowCustomLessonList() { modTyping::ShowCustomLessons(); }
 
+void frmMain::ShowDictationList() {
+    if (PresetMode)
+        modDictation::ShowDictationLessons();
+    else
+        modDictation::ShowTeachersDictationLessons();
+}
+
+void frmMain::ShowTeachersDictationList() { modDictation::ShowTeachersDictationLessons(); }
+
 // The windows behind these commands do not exist yet; their keys are taken so that nothing else happens on them.
-
-void frmMain::ShowDictationList() {}
-
-void frmMain::ShowTeachersDictationList() {}
 
 void frmMain::ShowAcademicList() {}
 

@@ -160,6 +160,7 @@ void RichEdit::OnAttach() {
     // Plain text has one format for all its text, so that later text gets it too.
     Send(EM_SETTEXTMODE, TM_PLAINTEXT | TM_MULTILEVELUNDO);
     Send(EM_EXLIMITTEXT, 0, kMaxTextLength);
+    if (OnChange) Send(EM_SETEVENTMASK, 0, ENM_CHANGE);
     Refresh();
     OnDpiChanged();
 }
@@ -201,6 +202,10 @@ void RichEdit::OnDpiChanged() {
         Send(EM_SETZOOM, static_cast<WPARAM>(Owner().Dpi()), systemDpi);
     else
         Send(EM_SETZOOM, 0, 0);
+}
+
+void RichEdit::OnNotification(unsigned code) {
+    if (code == EN_CHANGE && OnChange) OnChange();
 }
 
 void RichEdit::Insert(const wchar_t* text) const { Send(EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(text)); }

@@ -136,6 +136,9 @@ class RichEdit : public Control {
 public:
     using Control::Control;
 
+    /// Runs when the user changed the text; a set text is not told.
+    std::function<void()> OnChange;
+
     [[nodiscard]] int FontPoints() const;
     void SetFontPoints(int points);
     [[nodiscard]] Colour BackColour() const { return back_; }
@@ -148,6 +151,7 @@ public:
 protected:
     void OnAttach() override;
     void OnDpiChanged() override;
+    void OnNotification(unsigned code) override;
 
 private:
     Colour text_ = Colour::System(8);

@@ -40,7 +40,8 @@ void PumpPendingMessages() {
 
 }  // namespace
 
-Dialog::Dialog(const wchar_t* name, int templateId, DialogStyle style) : Form(name, templateId), style_(style) {
+Dialog::Dialog(const wchar_t* name, int templateId, DialogStyle style)
+    : Form(name, templateId), OKButton(*this, IDOK, style.okName), style_(style) {
     CancelButton.OnClick = [this] { Cancel(); };
 }
 

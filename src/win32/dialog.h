@@ -29,12 +29,14 @@ struct DialogStyle {
     bool closesDirectly = false;
     /// Ctrl+A selects all the text of the text box that has the focus.
     bool selectsAll = true;
+    /// What the button with the identifier of OK is called.
+    const wchar_t* okName = L"OKButton";
 };
 
 /// A modal dialog with OKButton and CancelButton.
 class Dialog : public Form {
 public:
-    Button OKButton{*this, 1, L"OKButton"};
+    Button OKButton;
     Button CancelButton{*this, 2, L"CancelButton"};
 
 protected:

@@ -1,5 +1,5 @@
-// What the tests of the lesson editors share: the ways into the three dialogs, single keys that are held and let go,
-// the clipboard, and what a screen reader needs of a dialog.
+// What the tests of the lesson editors share: the ways into the three dialogs, and single keys that are held and let
+// go.
 #pragma once
 
 #include <filesystem>
@@ -50,18 +50,6 @@ void ReleaseKey(WORD key);
 /// Holds the first keys down, presses and lets go the last one, and lets the others go.
 void PressVirtual(std::initializer_list<WORD> keys);
 
-/// Puts a text on the clipboard.
-bool CopyToClipboard(std::wstring_view text);
-
-/// The resolution that Wine gives to programs started from now on.
-class DisplayResolution {
-public:
-    explicit DisplayResolution(DWORD dpi);
-    ~DisplayResolution();
-    DisplayResolution(const DisplayResolution&) = delete;
-    DisplayResolution& operator=(const DisplayResolution&) = delete;
-};
-
 /// A test in the teacher's lesson list and its editors.
 class EditorTest : public KeystrideTest {
 protected:
@@ -71,25 +59,15 @@ protected:
     static void WriteTeachersFile(const std::vector<StoredLesson>& lessons);
 
     Tree Lessons() { return App().TreeOf(L"dlgTyping", L"tvTasks"); }
-    Window In(std::wstring_view form, std::wstring_view control) { return App().Control(form, control); }
     /// The editor's list; it may be refilled while it is read.
     std::vector<std::wstring> TaskLines();
     int SelectedTask();
-    /// Puts a text into a box at once, as another program would.
-    void SetTextOf(std::wstring_view form, std::wstring_view box, const std::wstring& text);
-    std::wstring Notice(std::wstring_view form);
-    bool WaitForNotice(std::wstring_view form, std::wstring_view text);
-    bool Checked(std::wstring_view form, std::wstring_view option);
 
     /// Starts without a learner and opens the teacher's list.
     void StartInTeachersList();
     /// Selects a lesson of the open list with the keyboard.
     void SelectLesson(int lesson);
     bool WaitForSelectedLesson(std::wstring_view text);
-    /// Moves the focus with Tab until it is on that control.
-    void TabTo(std::wstring_view control);
-    /// Presses a button by the keyboard.
-    void PressButton(std::wstring_view control);
 
     /// From the open list: the editor on a stored lesson.
     void OpenLesson(int lesson);
@@ -97,8 +75,6 @@ protected:
     void AddLesson();
     /// From the details: the editor, with these values; the boxes are typed into with real keys.
     void ConfirmDetails(std::wstring_view title, std::wstring_view intro);
-    /// Empties the box that has the focus and types a text.
-    void Retype(std::wstring_view form, std::wstring_view box, std::wstring_view text);
 
     /// From the lesson editor: the task editor for a new task, or on the selected one.
     void OpenNewTask();
@@ -113,20 +89,7 @@ protected:
     /// Leaves the lesson editor with Esc.
     void LeaveEditor();
 
-    /// Clicks a control of a form without waiting for what it opens.
-    void Click(std::wstring_view form, std::wstring_view control);
     bool InMenuMode();
-
-    // What a screen reader needs.
-    static std::vector<std::wstring> Order(const Window& form);
-    void ExpectTabOrder(const std::vector<std::wstring>& expected);
-    static void ExpectGroup(const Window& form, std::wstring_view group, const std::vector<std::wstring>& members);
-    static void ExpectOneDefaultButton(const Window& dialog);
-    /// Nothing overlaps, leaves the dialog or the screen, or is clipped.
-    static void ExpectEverythingReadable(const Window& dialog, int dpi);
-
-private:
-    std::vector<std::wstring> TabRound(const char* chord);
 };
 
 }  // namespace e2e

@@ -2,14 +2,23 @@
 // ends.
 #include "fixture.h"
 
+#include <algorithm>
+#include <bit>
 #include <cstdlib>
+#include <cstring>
 #include <stdexcept>
+
+#include "checks.h"
 
 namespace e2e {
 
 namespace fs = std::filesystem;
 
 namespace {
+
+constexpr wchar_t kDesktopKey[] = L"Control Panel\\Desktop";
+constexpr wchar_t kResolutionValue[] = L"LogPixels";
+constexpr int kFontPoints = 16;
 
 fs::path programPath;
 
@@ -162,6 +171,137 @@ std::vector<std::wstring> KeystrideTest::OpenWindows() const {
         names.push_back(name.empty() ? L"?" : name);
     }
     return names;
+}
+
+bool CopyToClipboard(std::wstring_view text) {
+    if (!WaitUntil([] { return OpenClipboard(nullptr) != FALSE; })) return false;
+    EmptyClipboard();
+    const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, (text.size() + 1) * sizeof(wchar_t));
+    auto* target = static_cast<wchar_t*>(GlobalLock(memory));
+    std::memcpy(target, text.data(), text.size() * sizeof(wchar_t));
+    target[text.size()] = L'\0';
+    GlobalUnlock(memory);
+    const bool taken = SetClipboardData(CF_UNICODETEXT, memory) != nullptr;
+    CloseClipboard();
+    return taken;
+}
+
+DisplayResolution::DisplayResolution(DWORD dpi) {
+    RegSetKeyValueW(HKEY_CURRENT_USER, kDesktopKey, kResolutionValue, REG_DWORD, &dpi, sizeof(dpi));
+}
+
+DisplayResolution::~DisplayResolution() { RegDeleteKeyValueW(HKEY_CURRENT_USER, kDesktopKey, kResolutionValue); }
+
+void KeystrideTest::SetTextOf(std::wstring_view form, std::wstring_view box, const std::wstring& text) {
+    In(form, box).Send(WM_SETTEXT, 0, std::bit_cast<LPARAM>(text.c_str()));
+}
+
+std::wstring KeystrideTest::Notice(std::wstring_view form) {
+    const Window notice = In(form, L"lblNotice");
+    return notice && notice.Visible() ? notice.Text() : std::wstring();
+}
+
+bool KeystrideTest::WaitForNotice(std::wstring_view form, std::wstring_view text) {
+    const bool said = WaitUntil([&] { return Notice(form) == text; }, std::chrono::seconds(3));
+    EXPECT_TRUE(said) << "the notice is: " << ToUtf8(Notice(form));
+    return said;
+}
+
+bool KeystrideTest::Checked(std::wstring_view form, std::wstring_view option) {
+    return In(form, option).Send(BM_GETCHECK) == BST_CHECKED;
+}
+
+void KeystrideTest::TabTo(std::wstring_view control) {
+    for (int presses = 0; App().FocusName() != control; ++presses) {
+        ASSERT_LT(presses, 20) << ToUtf8(control) << " is never reached";
+        const Window before = App().Focus();
+        ASSERT_TRUE(App().Press("Tab"));
+        ASSERT_TRUE(WaitUntil([&] { return !(App().Focus() == before); })) << "Tab stays on " << ToUtf8(before.Name());
+    }
+}
+
+void KeystrideTest::PressButton(std::wstring_view control) {
+    ASSERT_NO_FATAL_FAILURE(TabTo(control));
+    ASSERT_TRUE(App().Press("Space"));
+}
+
+void KeystrideTest::Retype(std::wstring_view form, std::wstring_view box, std::wstring_view text) {
+    ASSERT_NO_FATAL_FAILURE(TabTo(box));
+    ASSERT_TRUE(App().Press("Ctrl+A"));
+    if (!App().Text(form, box).empty()) {
+        ASSERT_TRUE(App().Press("Delete"));
+    }
+    ASSERT_TRUE(App().WaitForText(form, box, L""));
+    ASSERT_TRUE(App().Type(text));
+    ASSERT_TRUE(App().WaitForText(form, box, text)) << ToUtf8(App().Text(form, box));
+}
+
+void KeystrideTest::Click(std::wstring_view form, std::wstring_view control) {
+    ASSERT_TRUE(WaitUntil([&] { return App().Form(form) && App().Form(form).Enabled(); }));
+    ASSERT_TRUE(In(form, control).Click()) << ToUtf8(control);
+}
+
+std::vector<std::wstring> KeystrideTest::Order(const Window& form) {
+    std::vector<std::wstring> order;
+    for (const Window& control : form.Children()) {
+        const std::wstring name = control.Name();
+        order.push_back(!name.empty() ? name : (control.Shown() ? L"shown:" : L"h:") + control.Text());
+    }
+    return order;
+}
+
+std::vector<std::wstring> KeystrideTest::TabRound(const char* chord) {
+    std::vector<std::wstring> names{App().FocusName()};
+    const Window start = App().Focus();
+    for (int presses = 0; presses < 40; ++presses) {
+        const Window before = App().Focus();
+        EXPECT_TRUE(App().Press(chord));
+        const bool moved = WaitUntil([&] { return !(App().Focus() == before); }, std::chrono::seconds(2));
+        EXPECT_TRUE(moved) << chord << " stays on " << ToUtf8(before.Name());
+        if (!moved || App().Focus() == start) break;
+        names.push_back(App().FocusName());
+    }
+    return names;
+}
+
+void KeystrideTest::ExpectTabOrder(const std::vector<std::wstring>& expected) {
+    EXPECT_EQ(TabRound("Tab"), expected);
+    std::vector<std::wstring> backwards(expected.rbegin(), expected.rend());
+    std::rotate(backwards.begin(), backwards.end() - 1, backwards.end());
+    EXPECT_EQ(TabRound("Shift+Tab"), backwards);
+}
+
+void KeystrideTest::ExpectGroup(const Window& form, std::wstring_view group, const std::vector<std::wstring>& members) {
+    CheckGroup(form, group, members);
+    for (const std::wstring& member : members)
+        EXPECT_EQ((form.Descendant(member).Style() & WS_GROUP) != 0, member == members.front()) << ToUtf8(member);
+    EXPECT_NE(form.Descendant(members.back()).Next().Style() & WS_GROUP, 0U)
+        << "the control after the set begins another group";
+}
+
+void KeystrideTest::ExpectOneDefaultButton(const Window& dialog) {
+    const LRESULT answer = dialog.Send(DM_GETDEFID);
+    EXPECT_EQ(HIWORD(answer), DC_HASDEFID);
+    EXPECT_EQ(LOWORD(answer), IDOK);
+    int defaults = 0;
+    for (const Window& control : dialog.Children())
+        if (control.ClassName() == L"Button" && (control.Style() & BS_TYPEMASK) == BS_DEFPUSHBUTTON) ++defaults;
+    EXPECT_EQ(defaults, 1);
+    EXPECT_EQ(dialog.Descendant(L"OKButton").Id(), IDOK);
+    EXPECT_EQ(dialog.Descendant(L"CancelButton").Id(), IDCANCEL);
+    EXPECT_EQ(dialog.Descendant(L"CancelButton").Text(), L"Cancel");
+    EXPECT_TRUE(dialog.Descendant(L"CancelButton").Enabled());
+}
+
+void KeystrideTest::ExpectEverythingReadable(const Window& dialog, int dpi) {
+    CheckNothingOverlaps(dialog);
+    CheckEverythingInside(dialog);
+    CheckNothingClipped(dialog, kFontPoints, dpi);
+    const RECT screen = ScreenAboveTaskbar();
+    const RECT rect = dialog.ScreenRect();
+    EXPECT_TRUE(rect.left >= screen.left && rect.top >= screen.top && rect.right <= screen.right &&
+                rect.bottom <= screen.bottom)
+        << "the dialog leaves the screen";
 }
 
 }  // namespace e2e

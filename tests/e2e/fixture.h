@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -41,6 +42,18 @@ std::string KeystrideIni(std::string_view userData, int language, int magic);
 std::vector<LessonText> ShippedLessons();
 std::vector<LessonText> TeachersLessons();
 
+/// Puts a text on the clipboard.
+bool CopyToClipboard(std::wstring_view text);
+
+/// The resolution that Wine gives to programs started from now on.
+class DisplayResolution {
+public:
+    explicit DisplayResolution(DWORD dpi);
+    ~DisplayResolution();
+    DisplayResolution(const DisplayResolution&) = delete;
+    DisplayResolution& operator=(const DisplayResolution&) = delete;
+};
+
 class KeystrideTest : public ::testing::Test {
 protected:
     void SetUp() override;
@@ -63,6 +76,34 @@ protected:
 
     /// True once every key pressed before has been dealt with: sends a text on its way round through F5.
     bool KeysDealtWith();
+    Window In(std::wstring_view form, std::wstring_view control) { return App().Control(form, control); }
+    /// Puts a text into a box at once, as another program would.
+    void SetTextOf(std::wstring_view form, std::wstring_view box, const std::wstring& text);
+    std::wstring Notice(std::wstring_view form);
+    bool WaitForNotice(std::wstring_view form, std::wstring_view text);
+    bool Checked(std::wstring_view form, std::wstring_view option);
+
+    /// Moves the focus with Tab until it is on that control.
+    void TabTo(std::wstring_view control);
+    /// Presses a button by the keyboard.
+    void PressButton(std::wstring_view control);
+    /// Empties the box that has the focus and types a text.
+    void Retype(std::wstring_view form, std::wstring_view box, std::wstring_view text);
+    /// Clicks a control of a form without waiting for what it opens.
+    void Click(std::wstring_view form, std::wstring_view control);
+
+    // What a screen reader needs.
+
+    /// The controls in z-order; a static without a name of its own that only names the next control is "h:" and its
+    /// text.
+    static std::vector<std::wstring> Order(const Window& form);
+    /// The focus goes round in this order, and the same way back.
+    void ExpectTabOrder(const std::vector<std::wstring>& expected);
+    static void ExpectGroup(const Window& form, std::wstring_view group, const std::vector<std::wstring>& members);
+    static void ExpectOneDefaultButton(const Window& dialog);
+    /// Nothing overlaps, leaves the dialog or the screen, or is clipped.
+    static void ExpectEverythingReadable(const Window& dialog, int dpi);
+
     /// The names of the program's visible windows, "?" for one without a name.
     std::vector<std::wstring> OpenWindows() const;
 
@@ -72,6 +113,8 @@ protected:
     void ForgetProgram() { app_.reset(); }
 
 private:
+    std::vector<std::wstring> TabRound(const char* chord);
+
     std::optional<Session> app_;
     int round_ = 0;
 };

@@ -9,19 +9,6 @@ constexpr int kDpi = 192;
 // At this resolution the tests' desktop shows as much as one of 1024 x 819 at the usual one: the least that must do.
 constexpr int kTightDpi = 120;
 
-/// The resolution that Wine gives to programs started from now on.
-class Resolution {
-public:
-    explicit Resolution(DWORD dpi) { RegSetKeyValueW(HKEY_CURRENT_USER, kKey, kValue, REG_DWORD, &dpi, sizeof(dpi)); }
-    ~Resolution() { RegDeleteKeyValueW(HKEY_CURRENT_USER, kKey, kValue); }
-    Resolution(const Resolution&) = delete;
-    Resolution& operator=(const Resolution&) = delete;
-
-private:
-    static constexpr wchar_t kKey[] = L"Control Panel\\Desktop";
-    static constexpr wchar_t kValue[] = L"LogPixels";
-};
-
 class HighDpi : public KeystrideTest {
 protected:
     void SetUp() override {
@@ -37,7 +24,7 @@ protected:
     }
 
 private:
-    std::optional<Resolution> resolution_;
+    std::optional<DisplayResolution> resolution_;
 };
 
 TEST_F(HighDpi, MainWindowKeepsItsPlaceAndLayout) {
