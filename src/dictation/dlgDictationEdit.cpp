@@ -17,10 +17,13 @@ namespace {
 constexpr wchar_t kTitle[] = L"The title";
 constexpr wchar_t kItems[] = L"dictations";
 
-/// What the list shows of a dictation: its label, or the start of its text where the label has nothing to read out.
+/// What the list shows of a dictation: its label, or the start of its text where the label has nothing to read out. The
+/// CR that may end a label stays out: fonts draw a box for it.
 std::wstring ListLine(const modDictation::DictationRow& row) {
-    if (!modDictation::IsBlankText(row.label)) return row.label;
-    return modDictation::FirstSpokenLine(modDictation::DecodeText(row.text));
+    std::wstring line = row.label;
+    if (modDictation::IsBlankText(line)) line = modDictation::FirstSpokenLine(modDictation::DecodeText(row.text));
+    if (line.ends_with(L'\r')) line.pop_back();
+    return line;
 }
 
 }  // namespace

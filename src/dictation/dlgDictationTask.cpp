@@ -74,15 +74,27 @@ bool dlgDictationTask::OnKeyDown(const win32::KeyEvent& key) {
         SaveDictationText();
         return true;
     }
-    if (key.virtualKey == VK_TAB && !held.alt && rtfEdit.HasFocus()) {
-        // The text takes Tab, so Ctrl+Tab and Shift+Tab are the ways out of it.
-        if (!held.ctrl && !held.shift)
-            rtfEdit.Insert(L"\t");
-        else
-            SendMessageW(Handle(), WM_NEXTDLGCTL, held.shift ? TRUE : FALSE, FALSE);
-        return true;
+    if (!held.alt && rtfEdit.HasFocus()) {
+        // Not every system's box keeps the soft break of Shift+Enter; it counts as a line break anyway.
+        if (key.virtualKey == VK_RETURN && held.shift) {
+            TypeInto(L"\r\n");
+            return true;
+        }
+        if (key.virtualKey == VK_TAB) {
+            // The text takes Tab, so Ctrl+Tab and Shift+Tab are the ways out of it.
+            if (held.ctrl || held.shift)
+                SendMessageW(Handle(), WM_NEXTDLGCTL, held.shift ? TRUE : FALSE, FALSE);
+            else
+                TypeInto(L"\t");
+            return true;
+        }
     }
     return Dialog::OnKeyDown(key);
+}
+
+void dlgDictationTask::TypeInto(const wchar_t* text) {
+    rtfEdit.Insert(text);
+    UpdateNotice();
 }
 
 void dlgDictationTask::UpdateNotice() {

@@ -40,6 +40,7 @@ private:
     /// The text with every line break as CR LF.
     [[nodiscard]] std::wstring TypedText() const;
     void Show(const wchar_t* editorCaption, const std::wstring& text, int& result);
+    void TypeInto(const wchar_t* text);
     void UpdateNotice();
 
     std::int16_t task_ = 0;

@@ -186,6 +186,8 @@ void dlgLessonEdit::UpdateNotice() {
         if (task.explanationCut) cut.push_back(explanation);
         sentences.push_back(notices::ValueNotice(text, task.text));
         sentences.push_back(notices::ValueNotice(explanation, task.explanation));
+        if (std::find(lineRows_.begin(), lineRows_.end(), row) == lineRows_.end())
+            sentences.push_back(L"Task " + std::to_wstring(row + 1) + L" has no text: it is saved, but not listed.");
     }
     sentences.push_back(notices::CutValueNotice(cut));
     sentences.push_back(notices::UnsavedNotice(L"tasks", tasks_.Count()));

@@ -191,11 +191,11 @@ int dlgTaskEdit::PromptHeight(int width) {
     return height;
 }
 
-int dlgTaskEdit::ContentHeight(int width) {
+int dlgTaskEdit::ContentHeight(int width, int promptHeight) {
     const int line = TextTwips(L"A").height;
     const int buttonHeight = MeasureButtons({&OKButton, &CancelButton}, kMargin, width).front().box.height;
     const int notice = lblNotice.IsShown() ? WrappedHeight(lblNotice.Text(), width) + kGap : 0;
-    return FrameHeight(kindFrame_, width) + kGap + line + kGap + PromptHeight(width) + BoxHeight() + kGap + line +
+    return FrameHeight(kindFrame_, width) + kGap + line + kGap + promptHeight + BoxHeight() + kGap + line +
            BoxHeight() + kGap + notice + buttonHeight;
 }
 
@@ -206,13 +206,14 @@ void dlgTaskEdit::OnPlace() {
         widest = std::max(widest, TextTwips(row.prompt).width + kMargin);
     }
     const int width = std::min(widest, ToTwips(win32::AreaAboveTaskbar().width) - kScreenMargin);
-    PlaceInMiddle(width + 2 * kMargin, ContentHeight(width) + 2 * kMargin);
+    PlaceInMiddle(width + 2 * kMargin, ContentHeight(width, PromptHeight(width)) + 2 * kMargin);
 }
 
 void dlgTaskEdit::OnLayout() {
     const int width = ClientTwips().width - 2 * kMargin;
+    const int promptHeight = PromptHeight(width);
     // A notice needs room that the dialog did not have before.
-    const int missing = ContentHeight(width) + 2 * kMargin - ClientTwips().height;
+    const int missing = ContentHeight(width, promptHeight) + 2 * kMargin - ClientTwips().height;
     if (missing > kMargin) {
         PlaceInMiddle(ClientTwips().width, ClientTwips().height + missing);
         return;
@@ -228,7 +229,7 @@ void dlgTaskEdit::OnLayout() {
     LayOutFrame(placer, kindFrame_, {kMargin, top, width, frameHeight});
     top += frameHeight + kGap;
     put(lblTaskNumber, line, kGap);
-    put(lblTask, PromptHeight(width), 0);
+    put(lblTask, promptHeight, 0);
     put(txtTask, BoxHeight(), kGap);
     put(lblExplanation, line, 0);
     put(txtTaskExplanation, BoxHeight(), kGap);

@@ -59,8 +59,8 @@ private:
     void UpdateNotice();
     /// The height of the prompt's label in a width, whichever prompt it shows; twips.
     [[nodiscard]] int PromptHeight(int width);
-    /// The height that all controls take in a width; twips.
-    [[nodiscard]] int ContentHeight(int width);
+    /// The height that all controls take in a width, the prompt's being known; twips.
+    [[nodiscard]] int ContentHeight(int width, int promptHeight);
 
     const win32::OptionFrame kindFrame_{&fraKind,
                                         {&optionLetters, &optionSingleWord, &optionWords, &optionCommandKeys}};

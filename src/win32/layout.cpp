@@ -43,6 +43,21 @@ int WidestWord(const CaptionWidths& caption) {
     return caption.words.empty() ? 0 : *std::max_element(caption.words.begin(), caption.words.end());
 }
 
+/// How wide a button is whose caption takes as little room as it can. Two words that would share a line only thanks to
+/// the padding break elsewhere on some systems than they were measured, so their line may not fit.
+int NarrowWidth(const CaptionWidths& caption, int padding) {
+    const int widest = WidestWord(caption);
+    int width = widest + padding;
+    for (std::size_t first = 0; first < caption.words.size(); ++first) {
+        int line = caption.words[first];
+        for (std::size_t word = first + 1; word < caption.words.size(); ++word) {
+            line += caption.blank + caption.words[word];
+            if (line > widest) width = std::min(width, line);
+        }
+    }
+    return width;
+}
+
 }  // namespace
 
 int TwipsToPixels(int twips, int dpi) { return Scale(twips, dpi, kTwipsPerInch); }
@@ -93,9 +108,8 @@ ButtonRow FitButtons(std::span<const CaptionWidths> captions, int available, int
     }
     if (total <= available) return row;
     for (std::size_t i = 0; i < captions.size(); ++i) {
-        const int narrowest = WidestWord(captions[i]);
-        row.widths[i] = narrowest + padding;
-        row.lines = std::max(row.lines, LinesAt(captions[i], narrowest));
+        row.widths[i] = NarrowWidth(captions[i], padding);
+        row.lines = std::max(row.lines, LinesAt(captions[i], WidestWord(captions[i])));
     }
     return row;
 }

@@ -114,6 +114,8 @@ TEST_F(Contract, DocumentedControlsAreTheLiveOnes) {
     FormTables live;
     // The document describes the title line in these words, so the lesson is called so; its first task is a new one.
     WriteBytes(CommonFolder() / L"TeachersLessons.ini", LessonFile({{"the lesson's title", {}}}));
+    WriteBytes(CommonFolder() / L"TeachersDictations.ini",
+               "[Dictations]\r\nNbrOfLessons=1\r\n[L01]\r\nDefTitle=the lesson's title\r\nNbrOfTasks=0\r\n");
     Start();
     const Window login = App().WaitForForm(L"dlgLogin");
     ASSERT_TRUE(login);
@@ -129,6 +131,21 @@ TEST_F(Contract, DocumentedControlsAreTheLiveOnes) {
     live[L"dlgTaskEdit"] = ReadForm(OpenFrom(L"dlgLessonEdit", L"cmdCreateTask", L"dlgTaskEdit"));
     ASSERT_NO_FATAL_FAILURE(Close(L"dlgTaskEdit"));
     live[L"dlgLessonDetails"] = ReadForm(OpenFrom(L"dlgLessonEdit", L"cmdEditLesson", L"dlgLessonDetails"));
+
+    for (const wchar_t* form : {L"dlgLessonDetails", L"dlgLessonEdit", L"dlgTyping"})
+        ASSERT_NO_FATAL_FAILURE(Close(form));
+    ASSERT_TRUE(App().Press("F4"));
+    ASSERT_TRUE(App().WaitForForm(L"dlgDictation"));
+    ASSERT_TRUE(App().WaitForFocus(L"tvTasks"));
+    live[L"dlgDictation"] = ReadForm(App().Form(L"dlgDictation"));
+    ASSERT_NO_FATAL_FAILURE(Close(L"dlgDictation"));
+    ASSERT_TRUE(App().Press("F8"));
+    ASSERT_TRUE(App().WaitForForm(L"dlgDictation"));
+    ASSERT_TRUE(App().WaitForFocus(L"tvTasks"));
+    live[L"dlgDictationEdit"] = ReadForm(OpenFrom(L"dlgDictation", L"cmdEditDictation", L"dlgDictationEdit"));
+    live[L"dlgDictationTask"] = ReadForm(OpenFrom(L"dlgDictationEdit", L"cmdCreateTask", L"dlgDictationTask"));
+    ASSERT_NO_FATAL_FAILURE(Close(L"dlgDictationTask"));
+    live[L"dlgDictationDetails"] = ReadForm(OpenFrom(L"dlgDictationEdit", L"cmdEditDictation", L"dlgDictationDetails"));
 
     for (const auto& [form, rows] : document) {
         ASSERT_TRUE(live.contains(form)) << "no test opens " << ToUtf8(form);
@@ -172,6 +189,13 @@ TEST_F(Contract, DocumentNamesEveryRequestThatTheProgramSends) {
         ASSERT_TRUE(OpenPicker(chord));
         requests.push_back(App().Request());
         ClosePicker();
+    }
+    for (const char* chord : {"F4", "F8"}) {
+        ASSERT_TRUE(App().Press(chord));
+        ASSERT_TRUE(App().WaitForForm(L"dlgDictation"));
+        ASSERT_TRUE(App().WaitForFocus(L"tvTasks"));
+        requests.push_back(App().Request());
+        ASSERT_NO_FATAL_FAILURE(Close(L"dlgDictation"));
     }
     for (const std::wstring& request : requests) {
         std::string written;

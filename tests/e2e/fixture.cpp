@@ -80,7 +80,8 @@ void KeystrideTest::SetUp() {
     WriteBytes(common / L"KSUserInfo.ini", UserInfoIni(""));
     WriteBytes(common / L"KSLessons.ini", LessonFile(ShippedLessons()));
     WriteBytes(common / L"TeachersLessons.ini", LessonFile(TeachersLessons()));
-    WriteBytes(common / L"TeachersDictations.ini", "[Lessons]\r\nNbrOfLessons=0\r\n");
+    WriteBytes(common / L"TeachersDictations.ini", "[Dictations]\r\nNbrOfLessons=0\r\n");
+    WriteBytes(common / L"KSDictations.ini", "[Dictations]\r\nNbrOfLessons=0\r\n");
 }
 
 void KeystrideTest::TearDown() {
@@ -279,7 +280,7 @@ void KeystrideTest::ExpectGroup(const Window& form, std::wstring_view group, con
         << "the control after the set begins another group";
 }
 
-void KeystrideTest::ExpectOneDefaultButton(const Window& dialog) {
+void KeystrideTest::ExpectOneDefaultButton(const Window& dialog, std::wstring_view name) {
     const LRESULT answer = dialog.Send(DM_GETDEFID);
     EXPECT_EQ(HIWORD(answer), DC_HASDEFID);
     EXPECT_EQ(LOWORD(answer), IDOK);
@@ -287,7 +288,7 @@ void KeystrideTest::ExpectOneDefaultButton(const Window& dialog) {
     for (const Window& control : dialog.Children())
         if (control.ClassName() == L"Button" && (control.Style() & BS_TYPEMASK) == BS_DEFPUSHBUTTON) ++defaults;
     EXPECT_EQ(defaults, 1);
-    EXPECT_EQ(dialog.Descendant(L"OKButton").Id(), IDOK);
+    EXPECT_EQ(dialog.Descendant(name).Id(), IDOK);
     EXPECT_EQ(dialog.Descendant(L"CancelButton").Id(), IDCANCEL);
     EXPECT_EQ(dialog.Descendant(L"CancelButton").Text(), L"Cancel");
     EXPECT_TRUE(dialog.Descendant(L"CancelButton").Enabled());

@@ -100,7 +100,7 @@ protected:
     /// The focus goes round in this order, and the same way back.
     void ExpectTabOrder(const std::vector<std::wstring>& expected);
     static void ExpectGroup(const Window& form, std::wstring_view group, const std::vector<std::wstring>& members);
-    static void ExpectOneDefaultButton(const Window& dialog);
+    static void ExpectOneDefaultButton(const Window& dialog, std::wstring_view name = L"OKButton");
     /// Nothing overlaps, leaves the dialog or the screen, or is clipped.
     static void ExpectEverythingReadable(const Window& dialog, int dpi);
 

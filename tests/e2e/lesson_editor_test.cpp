@@ -336,10 +336,12 @@ TEST_F(LessonEditor, ListLineActsOnTheTaskThatItShows) {
     StartInTeachersList();
     ASSERT_NO_FATAL_FAILURE(OpenLesson(1));
     EXPECT_EQ(TaskLines(), (std::vector<std::wstring>{L"one", L"", L"three", L"four"}));
+    EXPECT_EQ(Notice(kEditor), L"");
     // The first edit refills the list, which then leaves out the row without a text.
     ASSERT_NO_FATAL_FAILURE(OpenSelectedTask());
     ASSERT_NO_FATAL_FAILURE(ConfirmTask());
     ASSERT_TRUE(WaitUntil([&] { return TaskLines() == std::vector<std::wstring>{L"one", L"three", L"four"}; }));
+    EXPECT_TRUE(WaitForNotice(kEditor, L"Task 2 has no text: it is saved, but not listed."));
     SelectTask(1);
     ASSERT_NO_FATAL_FAILURE(OpenSelectedTask());
     EXPECT_EQ(App().Text(kTask, L"txtTask"), L"three");

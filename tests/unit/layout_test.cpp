@@ -177,6 +177,14 @@ TEST(FitButtons, WhereNothingFitsItIsAsNarrowAsItGets) {
     EXPECT_EQ(row.widths, (std::vector<int>{70, 60}));
 }
 
+TEST(FitButtons, TwoWordsThatFitOnlyIntoThePaddingGetNoRoomForIt) {
+    // "OK / Save Dictation": the first three words are a little wider than the last.
+    const std::vector<CaptionWidths> captions{{{24, 6, 48, 80}, 6}};
+    const ButtonRow row = FitButtons(captions, 10, 30, 10);
+    EXPECT_EQ(row.widths, (std::vector<int>{24 + 6 + 6 + 6 + 48}));
+    EXPECT_EQ(row.lines, 3U) << "OK /, Save, Dictation";
+}
+
 TEST(FitButtons, OfNoButtonsIsEmpty) { EXPECT_TRUE(FitButtons({}, 100, 20, 10).widths.empty()); }
 
 }  // namespace

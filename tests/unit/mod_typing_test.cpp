@@ -184,6 +184,8 @@ TEST_F(VariantTest, AMissingFileIsTheErrorOfTheOperation) {
 // ---- the tree
 // --------------------------------------------------------------------------------------------------------
 
+using Shown = TreeForm::Shown;
+
 class LoadLessonsTest : public FolderTest {
 protected:
     void SetUp() override {
@@ -200,36 +202,9 @@ protected:
         return LoadLessons(NewFile(text), form_.tvTasks);
     }
 
-    [[nodiscard]] HTREEITEM Next(HTREEITEM item, UINT relation) const {
-        return reinterpret_cast<HTREEITEM>(
-            SendMessageW(form_.tvTasks.Handle(), TVM_GETNEXTITEM, relation, reinterpret_cast<LPARAM>(item)));
-    }
-
-    struct Shown {
-        std::wstring key;
-        std::wstring text;
-        int depth;
-        bool operator==(const Shown&) const = default;
-    };
-
-    /// The tree as it stands, from top to bottom.
-    [[nodiscard]] std::vector<Shown> Nodes() const {
-        std::vector<Shown> nodes;
-        for (HTREEITEM root = Next(nullptr, TVGN_ROOT); root != nullptr; root = Next(root, TVGN_NEXT)) {
-            Note(root, 0, nodes);
-            for (HTREEITEM child = Next(root, TVGN_CHILD); child != nullptr; child = Next(child, TVGN_NEXT))
-                Note(child, 1, nodes);
-        }
-        return nodes;
-    }
+    [[nodiscard]] std::vector<Shown> Nodes() const { return form_.Nodes(); }
 
     TreeForm form_;
-
-private:
-    void Note(HTREEITEM item, int depth, std::vector<Shown>& nodes) const {
-        const auto node = reinterpret_cast<win32::TreeView::Node>(item);
-        nodes.push_back({form_.tvTasks.Key(node), form_.tvTasks.Text(node), depth});
-    }
 };
 
 TEST_F(LoadLessonsTest, LessonsAreRootsAndTasksTheirChildren) {
@@ -306,7 +281,7 @@ TEST_F(LoadLessonsTest, NodesShowTheVariantsOfTheSwitches) {
 
 TEST_F(LoadLessonsTest, LessonNodesStartCollapsedAndNothingIsSelected) {
     Load(LessonFile({"One", "Two"}));
-    const HTREEITEM root = Next(nullptr, TVGN_ROOT);
+    const HTREEITEM root = TreeView_GetRoot(form_.tvTasks.Handle());
     TVITEMW item{};
     item.mask = TVIF_STATE | TVIF_HANDLE;
     item.hItem = root;

@@ -3,6 +3,8 @@
 #pragma once
 
 #include <functional>
+#include <string>
+#include <vector>
 
 #include "resource_ids.h"
 #include "shell/frmMain.h"
@@ -24,6 +26,15 @@ public:
     win32::TreeView tvTasks{*this, IDC_TYPING_TASKS, L"unitTree"};
     win32::NoticeLine lblNotice{*this, IDC_TYPING_NOTICE, L"unitNotice"};
     win32::Button cmdAddLesson{*this, IDC_TYPING_ADD_LESSON, L"unitAdd"};
+
+    struct Shown {
+        std::wstring key;
+        std::wstring text;
+        int depth;
+        bool operator==(const Shown&) const = default;
+    };
+    /// The tree as it stands, from top to bottom.
+    [[nodiscard]] std::vector<Shown> Nodes() const;
 
     std::function<void()> whenLoaded;
     std::function<void()> whenTimed;
