@@ -5,7 +5,6 @@
 #include <array>
 
 #include "shell/modGlobals.h"
-#include "win32/error.h"
 #include "win32/files.h"
 #include "win32/profile.h"
 #include "win32/text.h"
@@ -72,10 +71,13 @@ bool FolderExists(const std::wstring& path) { return win32::files::IsFolder(path
 
 bool FileExists(const std::wstring& path) { return win32::files::IsFile(path); }
 
-void RequireFile(const std::wstring& path, std::wstring_view source) {
+win32::AppError FileNotFound(const std::wstring& path, std::wstring_view source) {
     // No blank stands before "not found.": listeners know the text so.
-    if (!FileExists(path))
-        throw win32::AppError(kFileNotFoundNumber, std::wstring(source), L"File " + path + L"not found.");
+    return {kFileNotFoundNumber, std::wstring(source), L"File " + path + L"not found."};
+}
+
+void RequireFile(const std::wstring& path, std::wstring_view source) {
+    if (!FileExists(path)) throw FileNotFound(path, source);
 }
 
 std::wstring ZeroPad(std::int16_t number, std::size_t width) {
@@ -154,6 +156,14 @@ std::optional<std::wstring> LearnerFolderName(std::wstring_view userName) {
     std::wstring name(userName.substr(0, userName.find_last_not_of(L" .") + 1));
     if (name.empty() || IsDeviceName(name)) return std::nullopt;
     return name;
+}
+
+bool StaysInside(std::wstring_view relativePath) {
+    const auto names = win32::Split(win32::ReplaceAll(relativePath, L"/", L"\\"), L'\\');
+    if (names.front().empty()) return false;
+    return std::all_of(names.begin(), names.end(), [](const std::wstring& name) {
+        return name.empty() || name == L"." || LearnerFolderName(name).has_value();
+    });
 }
 
 void EnsureLearnerFolder() {

@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+#include "win32/error.h"
+
 namespace modUtils {
 
 /// The number of the program's own errors.
@@ -15,7 +17,9 @@ inline constexpr std::int32_t kFileNotFoundNumber = static_cast<std::int32_t>(0x
 bool FolderExists(const std::wstring& path);
 /// True when the path names a file; a folder never is one, any error gives false.
 bool FileExists(const std::wstring& path);
-/// Raises the file-not-found error with the procedure's name as its source when the file does not exist.
+/// The file-not-found error, with the procedure's name as its source.
+win32::AppError FileNotFound(const std::wstring& path, std::wstring_view source);
+/// Raises the file-not-found error when the file does not exist.
 void RequireFile(const std::wstring& path, std::wstring_view source);
 
 /// The decimal digits with "0" in front until the text has `width` characters; a longer number is returned whole.
@@ -53,6 +57,9 @@ void KeepBackup(const std::wstring& file);
 /// The folder name of a learner, without blanks and full stops at its end; none when the name is no legal single folder
 /// name.
 std::optional<std::wstring> LearnerFolderName(std::wstring_view userName);
+
+/// Whether a path relative to a folder names something in that folder or below it, by plain legal names.
+bool StaysInside(std::wstring_view relativePath);
 
 /// Makes the folder of the signed-on learner under Student Records when it is not there and the name allows one.
 /// Raises std::system_error when it cannot be made.

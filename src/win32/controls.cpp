@@ -60,6 +60,11 @@ bool Control::IsEnabled() const { return IsWindowEnabled(Handle()) != FALSE; }
 
 void Control::Enable(bool enabled) const { EnableWindow(Handle(), enabled ? TRUE : FALSE); }
 
+void Control::SetTabStop(bool stop) const {
+    const LONG_PTR style = GetWindowLongPtrW(Handle(), GWL_STYLE);
+    SetWindowLongPtrW(Handle(), GWL_STYLE, stop ? style | WS_TABSTOP : style & ~LONG_PTR{WS_TABSTOP});
+}
+
 bool Control::HasFocus() const { return GetFocus() == Handle(); }
 
 void Control::Focus() const { SendMessageW(form_.Handle(), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(Handle()), TRUE); }
@@ -153,6 +158,11 @@ void ValueBox::Paste() const {
     Send(EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(text.c_str()));
 }
 
+RichEdit::RichEdit(Form& form, int id, const wchar_t* name) : Control(form, id, name) {
+    // The window class comes with this library; without it no form with a rich edit can be created.
+    LoadLibraryW(L"msftedit.dll");
+}
+
 void RichEdit::OnAttach() {
     text_ = Colour::System(COLOR_WINDOWTEXT);
     back_ = Colour::System(COLOR_WINDOW);
@@ -210,6 +220,21 @@ void RichEdit::OnNotification(unsigned code) {
 
 void RichEdit::Insert(const wchar_t* text) const { Send(EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(text)); }
 
+struct InfoText::Procedure {
+    static LRESULT CALLBACK Run(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
+                                DWORD_PTR /*data*/) {
+        // The control itself would keep Tab, and a read-only text in which it selects all is read out as a selection.
+        if (message == WM_GETDLGCODE) return DLGC_WANTARROWS;
+        if (message == WM_NCDESTROY) RemoveWindowSubclass(window, &Run, id);
+        return DefSubclassProc(window, message, wParam, lParam);
+    }
+};
+
+void InfoText::OnAttach() {
+    RichEdit::OnAttach();
+    SetWindowSubclass(Handle(), &Procedure::Run, 1, 0);
+}
+
 void LiveLabel::OnAttach() { Accessibility().SetLiveRegion(Handle()); }
 
 void LiveLabel::OnDetach() {
@@ -250,6 +275,20 @@ void ListBox::SetRedraw(bool redraw) const {
 void ListBox::OnNotification(unsigned code) {
     if (code == LBN_SELCHANGE && OnSelect) OnSelect();
 }
+
+void ComboBox::OnAttach() {
+    // The system's own thirty lines would cover the whole dialog on a small screen.
+    constexpr WPARAM kOpenLines = 10;
+    Send(CB_SETMINVISIBLE, kOpenLines);
+}
+
+int ComboBox::Count() const { return static_cast<int>(Send(CB_GETCOUNT)); }
+
+int ComboBox::Selected() const { return static_cast<int>(Send(CB_GETCURSEL)); }
+
+void ComboBox::Add(const std::wstring& text) const { Send(CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text.c_str())); }
+
+bool ComboBox::IsDropped() const { return Send(CB_GETDROPPEDSTATE) != FALSE; }
 
 int TreeView::Count() const { return static_cast<int>(Send(TVM_GETCOUNT)); }
 

@@ -51,6 +51,8 @@ public:
     void Show(bool shown) const;
     [[nodiscard]] bool IsEnabled() const;
     void Enable(bool enabled) const;
+    /// Whether Tab stops here.
+    void SetTabStop(bool stop) const;
     [[nodiscard]] bool HasFocus() const;
     /// Moves the focus here the way the dialog manager does.
     void Focus() const;
@@ -67,6 +69,8 @@ protected:
     virtual void OnAttach() {}
     virtual void OnDetach();
     virtual void OnDpiChanged() {}
+    /// The desktop's colours changed.
+    virtual void OnColoursChanged() {}
     /// A WM_COMMAND notification of this control.
     virtual void OnNotification(unsigned code);
 
@@ -134,7 +138,7 @@ private:
 /// A rich edit that shows plain text in one size and one pair of colours, which hold for later text too.
 class RichEdit : public Control {
 public:
-    using Control::Control;
+    RichEdit(Form& form, int id, const wchar_t* name = nullptr);
 
     /// Runs when the user changed the text; a set text is not told.
     std::function<void()> OnChange;
@@ -152,11 +156,24 @@ protected:
     void OnAttach() override;
     void OnDpiChanged() override;
     void OnNotification(unsigned code) override;
+    void OnColoursChanged() override { Refresh(); }
 
 private:
     Colour text_ = Colour::System(8);
     Colour back_ = Colour::System(5);
     int points_ = kFontPoints;
+};
+
+/// A rich edit that is only read: Tab, Enter and Esc are the dialog's, and arriving selects nothing.
+class InfoText : public RichEdit {
+public:
+    using RichEdit::RichEdit;
+
+protected:
+    void OnAttach() override;
+
+private:
+    struct Procedure;  // the subclass procedure
 };
 
 /// A label whose new texts are announced.
@@ -195,6 +212,21 @@ public:
 
 protected:
     void OnNotification(unsigned code) override;
+};
+
+/// A drop-down list of texts.
+class ComboBox : public Control {
+public:
+    using Control::Control;
+
+    [[nodiscard]] int Count() const;
+    [[nodiscard]] int Selected() const;  ///< -1 when nothing is selected
+    void Add(const std::wstring& text) const;
+    /// Whether the list is open now.
+    [[nodiscard]] bool IsDropped() const;
+
+protected:
+    void OnAttach() override;
 };
 
 /// A tree whose nodes carry a key beside their text.

@@ -135,18 +135,32 @@ void Dialog::LayOutFrame(Placer& placer, const OptionFrame& frame, const Box& bo
     }
 }
 
+std::vector<std::pair<const Control*, Box>> Dialog::MeasureLines(const std::vector<Control*>& lines, int top) {
+    const int width = ClientTwips().width;
+    std::vector<std::pair<const Control*, Box>> measured;
+    for (const Control* control : lines) {
+        if (!control->IsShown()) continue;
+        const bool isBox = dynamic_cast<const TextBox*>(control) != nullptr;
+        const int lineWidth = width - (isBox ? kPickerWidthLoss : kSideMargins);
+        const int height = isBox ? BoxHeight() : WrappedHeight(control->Text(), lineWidth);
+        measured.push_back({control, {kPickerLeft, top, lineWidth, height}});
+        top += height + kLineGap;
+    }
+    return measured;
+}
+
 void Dialog::OnLayout() {
     if (parts.main == nullptr) return;
     const Box client = ClientTwips();
     const int width = client.width - kSideMargins;
     Placer placer(*this);
     int top = kLabelTop;
-    for (const Control* control : parts.above) {
-        const bool isBox = dynamic_cast<const TextBox*>(control) != nullptr;
-        const int height = isBox ? BoxHeight() : WrappedHeight(control->Text(), width);
-        placer.Put(*control, {kPickerLeft, top, isBox ? client.width - kPickerWidthLoss : width, height});
-        top += height + kLineGap;
+    for (const auto& [control, box] : MeasureLines(parts.above, top)) {
+        placer.Put(*control, box);
+        top = box.Bottom() + kLineGap;
     }
+    const auto below = MeasureLines(parts.below, kLineGap);
+    const int linesHeight = below.empty() ? 0 : below.back().second.Bottom();
     const auto buttons = MeasureButtons(parts.buttons, kPickerLeft, width);
     const int buttonHeight = buttons.front().box.height;
 
@@ -157,11 +171,16 @@ void Dialog::OnLayout() {
     for (const OptionFrame& frame : parts.frames) framesHeight = std::max(framesHeight, FrameHeight(frame, frameWidth));
     const bool notes = parts.notice != nullptr && parts.notice->IsShown();
     const int noticeHeight = notes ? WrappedHeight(parts.notice->Text(), width) : 0;
-    const int belowMain = (frameCount == 0 ? 0 : framesHeight + kLineGap) + (notes ? noticeHeight + kLineGap : 0);
+    const int belowMain =
+        linesHeight + (frameCount == 0 ? 0 : framesHeight + kLineGap) + (notes ? noticeHeight + kLineGap : 0);
 
     const PickerLayout layout = LayOutPicker(client.width, client.height, top, buttonHeight, belowMain);
     placer.Put(*parts.main, layout.main);
-    top = layout.main.Bottom() + kLineGap;
+    for (auto [control, box] : below) {
+        box.top += layout.main.Bottom();
+        placer.Put(*control, box);
+    }
+    top = layout.main.Bottom() + linesHeight + kLineGap;
     for (int i = 0; i < frameCount; ++i)
         LayOutFrame(placer, parts.frames[static_cast<std::size_t>(i)],
                     {kPickerLeft + i * (frameWidth + kPickerLeft), top, frameWidth, framesHeight});

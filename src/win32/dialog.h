@@ -1,6 +1,7 @@
 // What every dialog shares: modal showing, placement, the picker layout and the keys, with the variants as data.
 #pragma once
 
+#include <utility>
 #include <vector>
 
 #include "win32/controls.h"
@@ -53,11 +54,13 @@ protected:
     /// The procedure of CancelButton, Esc, Alt+F4 and the window's close.
     virtual void Cancel();
 
-    /// The parts that the picker layout places, from top to bottom: labels and one-line boxes, the main control, the
-    /// frames that stand below it side by side, the notice line and the buttons in their order.
+    /// The parts that the picker layout places, from top to bottom: labels and one-line boxes, the main control, more
+    /// labels and boxes, the frames that stand below it side by side, the notice line and the buttons in their order.
+    /// Hidden labels and boxes take no place.
     struct Parts {
         std::vector<Control*> above;
         Control* main = nullptr;
+        std::vector<Control*> below;
         std::vector<OptionFrame> frames;
         NoticeLine* notice = nullptr;
         std::vector<Control*> buttons;
@@ -92,6 +95,9 @@ protected:
 
 private:
     static void SelectAllText();
+
+    /// Labels and one-line boxes one below the other, in twips, with the top of the first at `top`.
+    std::vector<std::pair<const Control*, Box>> MeasureLines(const std::vector<Control*>& lines, int top);
 
     DialogStyle style_;
     int result_ = kResultCancelled;

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <sstream>
 
+#include "win32/accessible.h"
 #include "win32/controls.h"
 #include "win32/error.h"
 #include "win32/message_box.h"
@@ -128,6 +129,7 @@ void Form::Attach(WindowHandle window) {
 }
 
 void Form::Detach() {
+    if (std::exchange(hasSpokenName_, false)) Accessibility().Clear(handle_);
     for (Control* control : controls_) {
         control->OnDetach();
         if (control->Name() != nullptr) RemoveNameProperty(control->Handle());
@@ -147,6 +149,11 @@ std::wstring Form::Caption() const {
 
 void Form::SetCaption(const std::wstring& text) { SetWindowTextW(handle_, text.c_str()); }
 
+void Form::SetSpokenName(std::wstring_view name) {
+    Accessibility().SetName(handle_, name, {});
+    hasSpokenName_ = true;
+}
+
 Box Form::ClientTwips() const {
     RECT client{};
     GetClientRect(handle_, &client);
@@ -158,10 +165,10 @@ Box Form::TextTwips(std::wstring_view text, int points) {
     return {0, 0, ToTwips(size.cx), ToTwips(size.cy)};
 }
 
-int Form::WrappedHeight(std::wstring_view text, int widthTwips) {
+int Form::WrappedHeight(std::wstring_view text, int widthTwips, int points) {
     // Places are rounded to pixels on the way from twips, so a control can come out a little narrower than asked for.
     constexpr int kRounding = 2;
-    return ToTwips(MeasuringContext(FontOf(kFontPoints)).Measure(text, ToPixels(widthTwips) - kRounding).cy);
+    return ToTwips(MeasuringContext(FontOf(points)).Measure(text, ToPixels(widthTwips) - kRounding).cy);
 }
 
 CaptionWidths Form::MeasureCaption(std::wstring_view caption, int points) {
@@ -216,6 +223,7 @@ void Form::RefreshColours(unsigned message, std::uintptr_t wParam, std::intptr_t
     if (message == WM_SYSCOLORCHANGE)
         for (HWND child = GetWindow(handle_, GW_CHILD); child != nullptr; child = GetWindow(child, GW_HWNDNEXT))
             SendMessageW(child, message, wParam, lParam);
+    for (Control* control : controls_) control->OnColoursChanged();
     OnColoursChanged();
 }
 

@@ -50,6 +50,8 @@ public:
 
     [[nodiscard]] std::wstring Caption() const;
     void SetCaption(const std::wstring& text);
+    /// What is spoken instead of the caption while the window lives.
+    void SetSpokenName(std::wstring_view name);
 
     [[nodiscard]] int Dpi() const { return dpi_; }
     [[nodiscard]] int ToTwips(int pixels) const { return PixelsToTwips(pixels, dpi_); }
@@ -58,8 +60,8 @@ public:
     [[nodiscard]] Box ClientTwips() const;
     /// The size of a text in twips, in Arial of `points`, its line breaks counted.
     [[nodiscard]] Box TextTwips(std::wstring_view text, int points = kFontPoints);
-    /// The height of a text in twips when it is wrapped at a width.
-    [[nodiscard]] int WrappedHeight(std::wstring_view text, int widthTwips);
+    /// The height of a text in twips when it is wrapped at a width, in Arial of `points`.
+    [[nodiscard]] int WrappedHeight(std::wstring_view text, int widthTwips, int points = kFontPoints);
     /// The word widths of a caption, in pixels.
     [[nodiscard]] CaptionWidths MeasureCaption(std::wstring_view caption, int points = kFontPoints);
     /// Gives one control the font size `points`; the others have kFontPoints.
@@ -112,6 +114,7 @@ private:
     int templateId_;
     WindowHandle handle_ = nullptr;
     std::vector<Control*> controls_;
+    bool hasSpokenName_ = false;
     int dpi_ = kStandardDpi;
     std::map<int, int> fontPoints_;              // by control identifier
     std::map<std::pair<int, int>, Font> fonts_;  // by points and DPI

@@ -7,7 +7,6 @@
 #include <charconv>
 #include <optional>
 #include <utility>
-#include <vector>
 
 #include "win32/error.h"
 #include "win32/text.h"
@@ -104,10 +103,34 @@ std::wstring ReadString(const std::wstring& file, std::wstring_view section, std
     return FromAnsi({buffer.data(), read});
 }
 
-std::int16_t ReadInt16(const std::wstring& file, std::wstring_view section, std::wstring_view key) {
+std::int16_t ReadInt16(const std::wstring& file, std::wstring_view section, std::wstring_view key,
+                       std::int16_t defaultNumber) {
     ++callCount;
-    const UINT number = GetPrivateProfileIntA(ToAnsi(section).c_str(), ToAnsi(key).c_str(), 0, ToAnsi(file).c_str());
+    const UINT number =
+        GetPrivateProfileIntA(ToAnsi(section).c_str(), ToAnsi(key).c_str(), defaultNumber, ToAnsi(file).c_str());
     return ToInt16(static_cast<std::int32_t>(number));
+}
+
+std::vector<std::wstring> ReadLines(const std::wstring& file, std::wstring_view section, std::size_t bufferBytes) {
+    const std::string path = ToAnsi(file);
+    bool full = false;
+    std::string bytes = ReadSectionBytes(path, ToAnsi(section), bufferBytes, full);
+    if (full && !bytes.empty() && bytes.back() != '\0') {
+        // Only what would come next tells whether the buffer ends with a line or within one.
+        bool stillFull = false;
+        const std::string more = ReadSectionBytes(path, ToAnsi(section), bufferBytes * 2, stillFull);
+        const bool whole = more.size() <= bytes.size() || more[bytes.size()] == '\0';
+        if (!whole) bytes.resize(bytes.rfind('\0') + 1);
+    }
+    std::vector<std::wstring> lines;
+    std::string_view rest = bytes;
+    while (!rest.empty()) {
+        const std::string_view line = rest.substr(0, rest.find('\0'));
+        if (line.empty()) break;
+        lines.push_back(FromAnsi(line));
+        rest.remove_prefix(std::min(rest.size(), line.size() + 1));
+    }
+    return lines;
 }
 
 void WriteString(const std::wstring& file, std::wstring_view section, std::wstring_view key, std::wstring_view value,
@@ -227,12 +250,12 @@ std::wstring Section::ReadString(std::wstring_view key, std::wstring_view defaul
     return FromAnsi(value.substr(0, kMaxValueBytes));
 }
 
-std::int16_t Section::ReadInt16(std::wstring_view key) const {
+std::int16_t Section::ReadInt16(std::wstring_view key, std::int16_t defaultNumber) const {
     const std::optional<std::string_view>* found = index_->Find(key);
-    if (found == nullptr) return 0;
+    if (found == nullptr) return defaultNumber;
     if (found->has_value())
         if (const auto number = PlainNumber(**found)) return ToInt16(*number);
-    return profile::ReadInt16(file_, name_, key);
+    return profile::ReadInt16(file_, name_, key, defaultNumber);
 }
 
 bool Section::IsCut(std::wstring_view key) const {

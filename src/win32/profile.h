@@ -7,6 +7,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace win32::profile {
 
@@ -24,8 +25,12 @@ struct Line {
 std::wstring ReadString(const std::wstring& file, std::wstring_view section, std::wstring_view key,
                         std::wstring_view defaultText);
 
-/// The number of a key, 0 when it is missing; error 6 when it does not fit 16 bits.
-std::int16_t ReadInt16(const std::wstring& file, std::wstring_view section, std::wstring_view key);
+/// The number of a key, the default when it is missing or empty; error 6 when it does not fit 16 bits.
+std::int16_t ReadInt16(const std::wstring& file, std::wstring_view section, std::wstring_view key,
+                       std::int16_t defaultNumber = 0);
+
+/// The lines of a section as the system lists them, as far as they fit whole into a buffer of `bufferBytes`.
+std::vector<std::wstring> ReadLines(const std::wstring& file, std::wstring_view section, std::size_t bufferBytes);
 
 /// Writes one value. Raises WriteError under `source` when the system refuses.
 void WriteString(const std::wstring& file, std::wstring_view section, std::wstring_view key, std::wstring_view value,
@@ -60,7 +65,7 @@ public:
     Section& operator=(const Section&) = delete;
 
     [[nodiscard]] std::wstring ReadString(std::wstring_view key, std::wstring_view defaultText) const;
-    [[nodiscard]] std::int16_t ReadInt16(std::wstring_view key) const;
+    [[nodiscard]] std::int16_t ReadInt16(std::wstring_view key, std::int16_t defaultNumber = 0) const;
 
     /// Whether ReadString cut the stored value of this key at 254 bytes.
     [[nodiscard]] bool IsCut(std::wstring_view key) const;

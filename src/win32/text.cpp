@@ -52,6 +52,13 @@ std::wstring DropLineBreaks(std::wstring_view text) {
     return kept;
 }
 
+std::wstring DropControlCharacters(std::wstring_view text) {
+    constexpr wchar_t kDelete = L'\x7F';
+    std::wstring kept(text);
+    std::erase_if(kept, [](wchar_t c) { return c < L' ' || c == kDelete; });
+    return kept;
+}
+
 std::string ToAnsi(std::wstring_view text) {
     std::string bytes(text.size(), '\0');
     const auto ascii = [](wchar_t c) { return c < 0x80; };

@@ -24,6 +24,9 @@ std::int64_t LeadingNumber(std::wstring_view text);
 /// The text without the characters that cannot enter an INI value: CR, LF and NUL.
 std::wstring DropLineBreaks(std::wstring_view text);
 
+/// The text without any control character.
+std::wstring DropControlCharacters(std::wstring_view text);
+
 /// ANSI bytes of the text; a character outside the code page becomes the system's nearest or "?".
 std::string ToAnsi(std::wstring_view text);
 std::wstring FromAnsi(std::string_view bytes);
