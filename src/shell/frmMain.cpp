@@ -9,7 +9,11 @@
 #include <utility>
 
 #include "dictation/dictation_lists.h"
+#include "academics/show_academics.h"
 #include "lessons/lesson_lists.h"
+#include "profile/dlgGeneral.h"
+#include "profile/dlgPreferences.h"
+#include "profile/dlgStudentProfile.h"
 #include "shell/ModMain.h"
 #include "shell/dlgLogin.h"
 #include "shell/modGlobals.h"
@@ -131,7 +135,6 @@ frmMain& frmMain::Default() {
 }
 
 frmMain::frmMain() : Form(kWindowClass, IDD_MAIN) {
-    LoadLibraryW(L"msftedit.dll");
     RegisterWindowClass();
     cmdF3.OnClick = [this] { ShowLessonList(); };
     cmdF4.OnClick = [this] { ShowDictationList(); };
@@ -261,8 +264,6 @@ void frmMain::ColourTaskInfo() {
 }
 
 void frmMain::OnColoursChanged() {
-    rtfMain.Refresh();
-    rtfEdit.Refresh();
     ColourTaskInfo();
     InvalidateRect(Handle(), nullptr, TRUE);
 }
@@ -302,17 +303,29 @@ void frmMain::ShowDictationList() {
 
 void frmMain::ShowTeachersDictationList() { modDictation::ShowTeachersDictationLessons(); }
 
-// The windows behind these commands do not exist yet; their keys are taken so that nothing else happens on them.
+void frmMain::ShowAcademicList() { modAcademics::ShowAcademics(); }
 
-void frmMain::ShowAcademicList() {}
+// What these dialogs find out goes to the screen-reader side by their requests; their results change nothing here.
 
-void frmMain::ShowInsertALetter() {}
+void frmMain::ShowInsertALetter() {
+    int result = win32::kResultCancelled;
+    dlgGeneral::Default().ShowInsertALetterDialog(result);
+}
 
-void frmMain::ShowRemoveALetter() {}
+void frmMain::ShowRemoveALetter() {
+    int result = win32::kResultCancelled;
+    dlgGeneral::Default().ShowRemoveALetterDialog(result);
+}
 
-void frmMain::ShowPreferences() {}
+void frmMain::ShowPreferences() {
+    int result = win32::kResultCancelled;
+    dlgPreferences::Default().ShowPreferencesDialog(result);
+}
 
-void frmMain::ShowStudentProfile() {}
+void frmMain::ShowStudentProfile() {
+    int result = win32::kResultCancelled;
+    dlgStudentProfile::Default().ShowStudentProfileDialog(L"StudentProfile", L"Student Profile", result);
+}
 
 void frmMain::ShowChannelText() { win32::ShowMessage(L"cmdAccessibility:" + cmdAccessibility.Text()); }
 
