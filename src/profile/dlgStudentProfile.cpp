@@ -35,6 +35,9 @@ constexpr int kInfoPadding = 120;
 // How many gaps between rows there are.
 constexpr int kGaps = 5;
 
+/// The instructions stand beside the short text, which takes the rest.
+int InstructionsWidth(int clientWidth) { return (clientWidth - 2 * kMargin) * 7 / 10 - kFieldGap; }
+
 }  // namespace
 
 dlgStudentProfile& dlgStudentProfile::Default() {
@@ -124,13 +127,18 @@ bool dlgStudentProfile::OnKeyDown(const win32::KeyEvent& key) {
 
 void dlgStudentProfile::OnLayout() {
     const win32::Box client = ClientTwips();
-    Look look{win32::kFontPoints, kSmallestGap};
-    Extent needed = Arrange(look, nullptr);
-    while (look.points > kSmallestFont && (needed.width > client.width || needed.height > client.height)) {
-        --look.points;
+    Look look{};
+    Extent needed;
+    for (look.points = win32::kFontPoints;; --look.points) {
+        look.gap = kSmallestGap;
+        look.introHeight = IntroHeight(look.points);
         needed = Arrange(look, nullptr);
+        if (look.points == kSmallestFont || (needed.width <= client.width && needed.height <= client.height)) break;
     }
-    look.gap = std::clamp(look.gap + (client.height - needed.height) / kGaps, kSmallestGap, kLargestGap);
+    const int spare = client.height - needed.height;
+    look.gap = std::clamp(look.gap + spare / kGaps, kSmallestGap, kLargestGap);
+    // No instructions are so long that they may push the answers out of the window.
+    look.introHeight = std::max(look.introHeight + std::min(spare, 0), TextTwips(L"A", look.points).height);
     SetPoints(look.points);
     win32::Placer placer(*this);
     Arrange(look, &placer);
@@ -162,16 +170,13 @@ dlgStudentProfile::Extent dlgStudentProfile::Arrange(const Look& look, win32::Pl
     int top = kMargin;
 
     // What the window is for: the short text and, beside it, the instructions.
-    const int infoWidth = width * 3 / 10;
-    const int instructionsWidth = width - infoWidth - kFieldGap;
-    const int introHeight =
-        std::max(WrappedHeight(lblInstructions.Text(), instructionsWidth, points), 2 * TextTwips(L"A", points).height) +
-        kInfoPadding;
+    const int instructionsWidth = InstructionsWidth(client.width);
+    const int infoWidth = width - instructionsWidth - kFieldGap;
     if (placer != nullptr) {
-        placer->Put(rtfLessonTaskInfo, {kMargin, top, infoWidth, introHeight});
-        placer->Put(lblInstructions, {kMargin + infoWidth + kFieldGap, top, instructionsWidth, introHeight});
+        placer->Put(rtfLessonTaskInfo, {kMargin, top, infoWidth, look.introHeight});
+        placer->Put(lblInstructions, {kMargin + infoWidth + kFieldGap, top, instructionsWidth, look.introHeight});
     }
-    top += introHeight + look.gap;
+    top += look.introHeight + look.gap;
 
     // The birthday's lists in one row.
     const int birthdayTop = TextTwips(L"A", points).height;
@@ -240,6 +245,11 @@ dlgStudentProfile::Extent dlgStudentProfile::Arrange(const Look& look, win32::Pl
     }
     return {std::max(birthdayNeeds + kMargin, leftNeeds + kSmallestGap + hobbies.width + 2 * kMargin),
             top + buttonHeight + kMargin};
+}
+
+int dlgStudentProfile::IntroHeight(int points) {
+    const int text = WrappedHeight(lblInstructions.Text(), InstructionsWidth(ClientTwips().width), points);
+    return std::max(text, 2 * TextTwips(L"A", points).height) + kInfoPadding;
 }
 
 int dlgStudentProfile::RowHeight(int points) { return TextTwips(L"A", points).height + win32::kBoxPadding; }

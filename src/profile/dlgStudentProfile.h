@@ -83,7 +83,8 @@ private:
     };
     struct Look {
         int points;
-        int gap;  // between two rows, twips
+        int gap;          // between two rows, twips
+        int introHeight;  // of the instructions, twips
     };
 
     dlgStudentProfile();
@@ -103,6 +104,7 @@ private:
 
     /// Works out where everything goes and places it, when there is a placer; returns the room that it takes.
     Extent Arrange(const Look& look, win32::Placer* placer);
+    int IntroHeight(int points);
     Extent GridExtent(const OptionGrid& grid, int points);
     std::vector<int> ColumnWidths(const OptionGrid& grid, int points);
     void PlaceGrid(win32::Placer& placer, const OptionGrid& grid, const win32::Box& box, int points);

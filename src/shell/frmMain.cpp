@@ -8,8 +8,8 @@
 #include <tuple>
 #include <utility>
 
-#include "dictation/dictation_lists.h"
 #include "academics/show_academics.h"
+#include "dictation/dictation_lists.h"
 #include "lessons/lesson_lists.h"
 #include "profile/dlgGeneral.h"
 #include "profile/dlgPreferences.h"

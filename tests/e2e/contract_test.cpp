@@ -1,4 +1,5 @@
 // The document for script writers against the live windows: every control in the one is in the other.
+#include <array>
 #include <fstream>
 #include <map>
 #include <sstream>
@@ -91,6 +92,16 @@ std::vector<ControlRow> ReadForm(const Window& form) {
     return rows;
 }
 
+/// The forms that a key of the main window opens on their own.
+struct OtherForm {
+    const char* chord;
+    const wchar_t* form;
+    const wchar_t* focus;
+};
+constexpr std::array<OtherForm, 3> kOtherForms{{{"Ctrl+U", L"dlgPreferences", L"lstPreferences"},
+                                                {"Ctrl+Alt+Shift+F12", L"dlgStudentProfile", L"cmboBirthYear"},
+                                                {"Ctrl+Alt+Shift+F10", L"dlgGeneral", L"txtGeneral"}}};
+
 class Contract : public KeystrideTest {
 protected:
     /// Presses a button of one form and reads the form that opens.
@@ -116,6 +127,8 @@ TEST_F(Contract, DocumentedControlsAreTheLiveOnes) {
     WriteBytes(CommonFolder() / L"TeachersLessons.ini", LessonFile({{"the lesson's title", {}}}));
     WriteBytes(CommonFolder() / L"TeachersDictations.ini",
                "[Dictations]\r\nNbrOfLessons=1\r\n[L01]\r\nDefTitle=the lesson's title\r\nNbrOfTasks=0\r\n");
+    WriteBytes(CommonFolder() / L"KSGeneral.ini",
+               "[General]\r\nMultiRow=the instructions\r\n[StudentProfile]\r\nMultiRow=the instructions\r\n");
     Start();
     const Window login = App().WaitForForm(L"dlgLogin");
     ASSERT_TRUE(login);
@@ -131,17 +144,19 @@ TEST_F(Contract, DocumentedControlsAreTheLiveOnes) {
     live[L"dlgTaskEdit"] = ReadForm(OpenFrom(L"dlgLessonEdit", L"cmdCreateTask", L"dlgTaskEdit"));
     ASSERT_NO_FATAL_FAILURE(Close(L"dlgTaskEdit"));
     live[L"dlgLessonDetails"] = ReadForm(OpenFrom(L"dlgLessonEdit", L"cmdEditLesson", L"dlgLessonDetails"));
-
-    for (const wchar_t* form : {L"dlgLessonDetails", L"dlgLessonEdit", L"dlgTyping"})
-        ASSERT_NO_FATAL_FAILURE(Close(form));
-    ASSERT_TRUE(App().Press("F4"));
-    ASSERT_TRUE(App().WaitForForm(L"dlgDictation"));
-    ASSERT_TRUE(App().WaitForFocus(L"tvTasks"));
-    live[L"dlgDictation"] = ReadForm(App().Form(L"dlgDictation"));
-    ASSERT_NO_FATAL_FAILURE(Close(L"dlgDictation"));
-    ASSERT_TRUE(App().Press("F8"));
-    ASSERT_TRUE(App().WaitForForm(L"dlgDictation"));
-    ASSERT_TRUE(App().WaitForFocus(L"tvTasks"));
+    ASSERT_NO_FATAL_FAILURE(Close(L"dlgLessonDetails"));
+    ASSERT_NO_FATAL_FAILURE(Close(L"dlgLessonEdit"));
+    ASSERT_NO_FATAL_FAILURE(Close(L"dlgTyping"));
+    live[L"dlgAcademics"] = ReadForm(OpenForm("F6", L"dlgAcademics", L"tvAcademics"));
+    live[L"dlgQuizzes"] = ReadForm(OpenForm("Enter", L"dlgQuizzes", L"lstQuizzes"));
+    ASSERT_NO_FATAL_FAILURE(CloseForm(L"dlgQuizzes"));
+    for (const OtherForm& other : kOtherForms) {
+        live[other.form] = ReadForm(OpenForm(other.chord, other.form, other.focus));
+        ASSERT_NO_FATAL_FAILURE(CloseForm(other.form));
+    }
+    live[L"dlgDictation"] = ReadForm(OpenForm("F4", L"dlgDictation", L"tvTasks"));
+    ASSERT_NO_FATAL_FAILURE(CloseForm(L"dlgDictation"));
+    ASSERT_TRUE(OpenForm("F8", L"dlgDictation", L"tvTasks"));
     live[L"dlgDictationEdit"] = ReadForm(OpenFrom(L"dlgDictation", L"cmdEditDictation", L"dlgDictationEdit"));
     live[L"dlgDictationTask"] = ReadForm(OpenFrom(L"dlgDictationEdit", L"cmdCreateTask", L"dlgDictationTask"));
     ASSERT_NO_FATAL_FAILURE(Close(L"dlgDictationTask"));
@@ -161,10 +176,7 @@ TEST_F(Contract, ControlsAreNativeClassesWithUniqueIdentifiers) {
     const std::vector<std::wstring> native{L"Button",   L"Edit",          L"Static",     L"ListBox",
                                            L"ComboBox", L"SysTreeView32", L"RICHEDIT50W"};
     std::map<int, std::wstring> owners;
-    StartUnsigned();
-    const Window main = App().Form(L"frmMain");
-    const Window picker = OpenPicker("F7");
-    for (const Window& form : {main, picker}) {
+    const auto check = [&](const Window& form) {
         for (const Window& control : form.Children()) {
             const std::wstring className = control.ClassName();
             EXPECT_NE(std::find(native.begin(), native.end(), className), native.end()) << ToUtf8(className);
@@ -174,7 +186,18 @@ TEST_F(Contract, ControlsAreNativeClassesWithUniqueIdentifiers) {
             EXPECT_TRUE(owners.emplace(id, control.Name()).second)
                 << id << " is used by " << ToUtf8(control.Name()) << " and by " << ToUtf8(owners[id]);
         }
+    };
+    StartUnsigned();
+    check(App().Form(L"frmMain"));
+    check(OpenForm("F6", L"dlgAcademics", L"tvAcademics"));
+    check(OpenForm("Enter", L"dlgQuizzes", L"lstQuizzes"));
+    ASSERT_NO_FATAL_FAILURE(CloseForm(L"dlgQuizzes"));
+    for (const OtherForm& other : kOtherForms) {
+        check(OpenForm(other.chord, other.form, other.focus));
+        ASSERT_NO_FATAL_FAILURE(CloseForm(other.form));
     }
+    const Window picker = OpenPicker("F7");
+    check(picker);
     EXPECT_EQ(picker.Descendant(L"OKButton").Id(), IDOK);
     EXPECT_EQ(picker.Descendant(L"CancelButton").Id(), IDCANCEL);
 }
@@ -191,12 +214,21 @@ TEST_F(Contract, DocumentNamesEveryRequestThatTheProgramSends) {
         ClosePicker();
     }
     for (const char* chord : {"F4", "F8"}) {
-        ASSERT_TRUE(App().Press(chord));
-        ASSERT_TRUE(App().WaitForForm(L"dlgDictation"));
-        ASSERT_TRUE(App().WaitForFocus(L"tvTasks"));
+        ASSERT_TRUE(OpenForm(chord, L"dlgDictation", L"tvTasks"));
         requests.push_back(App().Request());
-        ASSERT_NO_FATAL_FAILURE(Close(L"dlgDictation"));
+        ASSERT_NO_FATAL_FAILURE(CloseForm(L"dlgDictation"));
     }
+    ASSERT_TRUE(OpenForm("F6", L"dlgAcademics", L"tvAcademics"));
+    ASSERT_NO_FATAL_FAILURE(CloseForm(L"dlgAcademics"));
+    requests.push_back(App().Request());
+    for (const OtherForm& other : kOtherForms) {
+        ASSERT_TRUE(OpenForm(other.chord, other.form, other.focus));
+        ASSERT_NO_FATAL_FAILURE(CloseForm(other.form));
+        requests.push_back(App().Request());
+    }
+    ASSERT_TRUE(OpenForm("Ctrl+Alt+Shift+F11", L"dlgGeneral", L"txtGeneral"));
+    ASSERT_NO_FATAL_FAILURE(CloseForm(L"dlgGeneral"));
+    requests.push_back(App().Request());
     for (const std::wstring& request : requests) {
         std::string written;
         for (const wchar_t character : request) {

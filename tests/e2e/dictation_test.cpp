@@ -77,18 +77,10 @@ protected:
     std::vector<std::wstring> Lines() { return ReadList(In(kEditor, L"lstTasks")).lines; }
     int SelectedLine() { return ReadList(In(kEditor, L"lstTasks")).selected; }
 
-    void OpenList(std::string_view chord) {
-        ASSERT_TRUE(App().Press(chord));
-        ASSERT_TRUE(App().WaitForForm(kPicker)) << chord << " does not open the dictation list";
-        ASSERT_TRUE(App().WaitForFocus(L"tvTasks"));
-    }
+    void OpenList(std::string_view chord) { ASSERT_TRUE(OpenForm(chord, kPicker, L"tvTasks")); }
     void StartInTeachersList() {
         ASSERT_NO_FATAL_FAILURE(StartUnsigned());
         ASSERT_NO_FATAL_FAILURE(OpenList("F8"));
-    }
-    void CloseList() {
-        ASSERT_TRUE(App().Press("Esc"));
-        ASSERT_TRUE(App().WaitForNoForm(kPicker));
     }
     void SelectLesson(int lesson) {
         ASSERT_NO_FATAL_FAILURE(TabTo(L"tvTasks"));
@@ -197,7 +189,7 @@ TEST_F(Dictation, TeacherWritesALessonFromF8AndALearnerPicksItFromF4) {
     EXPECT_TRUE(App().WaitForFocus(L"tvTasks"));
     EXPECT_EQ(BytesWithoutLabelCr(), File({{"Letters", {{"Dear Sir,", "Dear Sir,\x07\x06Thank you."}, Same("abc")}}}));
     EXPECT_EQ(ReadBytes(BackupFile()), File({}));
-    CloseList();
+    ASSERT_NO_FATAL_FAILURE(CloseForm(kPicker));
 
     ASSERT_TRUE(App().Press("F11"));
     ASSERT_NO_FATAL_FAILURE(OpenList("F4"));
@@ -275,7 +267,7 @@ TEST_F(Dictation, MainWindowButtonOpensTheListOfTheMode) {
     ASSERT_TRUE(App().WaitForForm(kPicker));
     EXPECT_TRUE(App().WaitForRequest(L"DICP\x05\x04"));
     ASSERT_TRUE(App().WaitForFocus(L"tvTasks"));
-    CloseList();
+    ASSERT_NO_FATAL_FAILURE(CloseForm(kPicker));
     ASSERT_TRUE(App().Press("F11"));
     Click(L"frmMain", L"cmdF4");
     ASSERT_TRUE(App().WaitForForm(kPicker));

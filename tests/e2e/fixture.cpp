@@ -47,7 +47,24 @@ fs::path NetworkFolder() { return fs::temp_directory_path() / L"keystride-networ
 
 std::string GeneralIni(const MainTexts& texts) {
     return "[Main]\r\nSingleRow=" + texts.singleRow + "\r\nMultiRow=" + texts.multiRow +
-           "\r\nDefSingleRow=" + texts.defSingleRow + "\r\nDefMultiRow=" + texts.defMultiRow + "\r\n";
+           "\r\nDefSingleRow=" + texts.defSingleRow + "\r\nDefMultiRow=" + texts.defMultiRow +
+           "\r\n[General]\r\nSingleRow=One letter & no more.\r\nMultiRow=Type a letter.\x07Press Enter."
+           "\r\n[StudentProfile]\r\nSingleRow=About you.\r\nMultiRow=Use Tab and arrows.\x07Press OK.\r\n";
+}
+
+void WriteQuizFiles() {
+    const fs::path folder = CommonFolder() / L"QuizzesKS";
+    WriteBytes(folder / L"KSQuizzes.ini",
+               "[Academics]\r\nNbrOfSections=2\r\n[SECTION_01]\r\nSECTION_NAME=Geography\r\nNbrOfTopics=2\r\n"
+               "TOPIC_NAME_01=Capitals\r\nFILE_NAME_01=Capitals.ini\r\nTOPIC_NAME_02=Rivers\r\n"
+               "FILE_NAME_02=Water\\Rivers.ini\r\n[SECTION_02]\r\nSECTION_NAME=Math\r\nNbrOfTopics=1\r\n"
+               "TOPIC_NAME_01=Fractions\r\nFILE_NAME_01=Fractions.ini\r\n");
+    WriteBytes(folder / L"Capitals.ini",
+               "[Capitals]\r\nNbrOfQuizzes=2\r\n[Capitals01]\r\nDefTitle=Europe\r\n[Capitals02]\r\nDefTitle=Asia\r\n");
+    WriteBytes(
+        folder / L"Water" / L"Rivers.ini",
+        "[Rivers]\r\nNbrOfQuizzes=3\r\n[Rivers01]\r\nDefTitle=Long ones\r\n[Rivers03]\r\nDefTitle=Wide ones\r\n");
+    WriteBytes(folder / L"Fractions.ini", "[Fractions]\r\nNbrOfQuizzes=0\r\n");
 }
 
 std::string UserInfoIni(std::string_view networkFolder) {
@@ -82,6 +99,8 @@ void KeystrideTest::SetUp() {
     WriteBytes(common / L"TeachersLessons.ini", LessonFile(TeachersLessons()));
     WriteBytes(common / L"TeachersDictations.ini", "[Dictations]\r\nNbrOfLessons=0\r\n");
     WriteBytes(common / L"KSDictations.ini", "[Dictations]\r\nNbrOfLessons=0\r\n");
+    WriteBytes(common / L"KSUserPrefs.ini", "[UserPreferences]\r\nB=Speak slower\r\nA=Speak faster\r\n");
+    WriteQuizFiles();
 }
 
 void KeystrideTest::TearDown() {
@@ -155,6 +174,44 @@ Window KeystrideTest::OpenPicker(std::string_view chord) {
 void KeystrideTest::ClosePicker(std::string_view chord) {
     ASSERT_TRUE(App().Press(chord));
     ASSERT_TRUE(App().WaitForNoForm(L"dlgTyping"));
+}
+
+Window KeystrideTest::OpenForm(std::string_view chord, std::wstring_view form, std::wstring_view focus) {
+    EXPECT_TRUE(App().Press(chord));
+    const Window window = App().WaitForForm(form);
+    EXPECT_TRUE(window) << chord << " does not open " << ToUtf8(form);
+    EXPECT_TRUE(App().WaitForFocus(focus)) << "the focus is on " << ToUtf8(App().FocusName());
+    return window;
+}
+
+void KeystrideTest::CloseForm(std::wstring_view form, std::string_view chord) {
+    ASSERT_TRUE(App().Press(chord));
+    ASSERT_TRUE(App().WaitForNoForm(form)) << chord << " does not close " << ToUtf8(form);
+    EXPECT_TRUE(App().WaitForFocus(L"rtfEdit"));
+}
+
+void KeystrideTest::ExpectErrorBox(std::wstring_view text) {
+    const auto box = App().WaitForBox();
+    ASSERT_TRUE(box) << "no box says " << Readable(text);
+    EXPECT_EQ(box->text, text);
+    EXPECT_EQ(box->title, L"Keystride");
+    EXPECT_EQ(box->ButtonIds(), std::vector<int>{IDOK});
+    EXPECT_TRUE(box->HasStopIcon());
+    ASSERT_TRUE(box->Answer(IDOK));
+    EXPECT_TRUE(App().WaitForFocus(L"rtfEdit"));
+    EXPECT_EQ(OpenWindows(), std::vector<std::wstring>{L"frmMain"});
+}
+
+void KeystrideTest::ExpectMessage(std::wstring_view form, std::wstring_view text) {
+    const auto box = App().WaitForBox();
+    ASSERT_TRUE(box) << "no box says " << Readable(text);
+    EXPECT_EQ(box->text, text);
+    EXPECT_EQ(box->title, L"Keystride");
+    EXPECT_EQ(box->ButtonIds(), std::vector<int>{IDOK});
+    EXPECT_FALSE(box->hasIcon);
+    EXPECT_EQ(box->owner, App().Form(form));
+    ASSERT_TRUE(box->Answer(IDOK));
+    EXPECT_TRUE(App().Form(form)) << "the dialog stays open";
 }
 
 bool KeystrideTest::KeysDealtWith() {

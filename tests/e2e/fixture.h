@@ -34,7 +34,11 @@ struct MainTexts {
     std::string defSingleRow = "Welcome, learner.";
     std::string defMultiRow = "First line.\x07Second line.";
 };
+/// All of KSGeneral.ini: these texts, and always the same ones in the sections General and StudentProfile.
 std::string GeneralIni(const MainTexts& texts);
+/// A catalogue of two subjects: Geography with Capitals (2 quizzes) and Rivers (3, in a folder below), Math with
+/// Fractions (none).
+void WriteQuizFiles();
 std::string UserInfoIni(std::string_view networkFolder);
 std::string KeystrideIni(std::string_view userData, int language, int magic);
 
@@ -73,6 +77,14 @@ protected:
     /// Presses a key that opens the lesson list and waits until it is ready.
     Window OpenPicker(std::string_view chord);
     void ClosePicker(std::string_view chord = "Esc");
+
+    /// Presses a key of the main window and waits until the form that it opens has the focus on that control.
+    Window OpenForm(std::string_view chord, std::wstring_view form, std::wstring_view focus);
+    void CloseForm(std::wstring_view form, std::string_view chord = "Esc");
+    /// The error box that is open now says this; it is answered, and the focus is back in the typing area.
+    void ExpectErrorBox(std::wstring_view text);
+    /// A plain message box over that form says this; it is answered.
+    void ExpectMessage(std::wstring_view form, std::wstring_view text);
 
     /// True once every key pressed before has been dealt with: sends a text on its way round through F5.
     bool KeysDealtWith();

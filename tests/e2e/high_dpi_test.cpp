@@ -23,6 +23,14 @@ protected:
         resolution_.emplace(dpi);
     }
 
+    static void ExpectReadable(const Window& dialog, int dpi) {
+        ASSERT_TRUE(dialog);
+        CheckDialogPlace(dialog, dpi);
+        CheckNothingOverlaps(dialog);
+        CheckEverythingInside(dialog);
+        CheckNothingClipped(dialog, 16, dpi);
+    }
+
 private:
     std::optional<DisplayResolution> resolution_;
 };
@@ -71,6 +79,47 @@ TEST_F(HighDpi, LessonListKeepsItsPlaceAndLayout) {
     }
 }
 
+TEST_F(HighDpi, ListsAndLetterDialogsShowEverything) {
+    StartUnsigned();
+    ASSERT_NO_FATAL_FAILURE(ExpectReadable(OpenForm("F6", L"dlgAcademics", L"tvAcademics"), kDpi));
+    ASSERT_NO_FATAL_FAILURE(ExpectReadable(OpenForm("Enter", L"dlgQuizzes", L"lstQuizzes"), kDpi));
+    ASSERT_NO_FATAL_FAILURE(CloseForm(L"dlgQuizzes"));
+    ASSERT_NO_FATAL_FAILURE(ExpectReadable(OpenForm("Ctrl+U", L"dlgPreferences", L"lstPreferences"), kDpi));
+    ASSERT_NO_FATAL_FAILURE(CloseForm(L"dlgPreferences"));
+    for (const char* chord : {"Ctrl+Alt+Shift+F10", "Ctrl+Alt+Shift+F11"}) {
+        ASSERT_NO_FATAL_FAILURE(ExpectReadable(OpenForm(chord, L"dlgGeneral", L"txtGeneral"), kDpi));
+        ASSERT_NO_FATAL_FAILURE(CloseForm(L"dlgGeneral"));
+    }
+}
+
+TEST_F(HighDpi, StudentProfileShowsEverythingOnEachScreenThatMustDo) {
+    struct Screen {
+        DWORD dpi;
+        int width;
+        int height;
+    };
+    constexpr int kPoints = 16;
+    for (const Screen& screen : {Screen{96, 1024, 768}, Screen{144, 1366, 768}, Screen{192, 1920, 1080}}) {
+        const int dpi = static_cast<int>(screen.dpi);
+        Use(screen.dpi);
+        StartUnsigned();
+        const Window profile = OpenForm("Ctrl+Alt+Shift+F12", L"dlgStudentProfile", L"cmboBirthYear");
+        // As large as the dialog is there: with a margin of 600 twips, above a taskbar of 40 pixels at 96 dpi.
+        const int margins = Pixels(600, dpi);
+        SetWindowPos(profile.Handle(), nullptr, 0, 0, screen.width - margins,
+                     screen.height - margins - MulDiv(40, dpi, 96),
+                     SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOSENDCHANGING);
+        CheckNothingOverlaps(profile);
+        CheckEverythingInside(profile);
+        CheckNothingClipped(profile, kPoints, dpi);
+        // Wide enough for a name of some length in each box.
+        for (const wchar_t* box : {L"txtFood", L"txtFriend", L"txtAnimal", L"txtTVShow"})
+            EXPECT_GE(profile.Descendant(box).ClientSize().cx, Pixels(1400, dpi)) << ToUtf8(box) << " at " << dpi;
+        ASSERT_NO_FATAL_FAILURE(CloseForm(L"dlgStudentProfile"));
+        ASSERT_NO_FATAL_FAILURE(Leave());
+    }
+}
+
 TEST_F(HighDpi, SmallestScreenShowsEverything) {
     Use(kTightDpi);
     StartUnsigned();
@@ -85,6 +134,8 @@ TEST_F(HighDpi, SmallestScreenShowsEverything) {
     CheckNothingOverlaps(picker);
     CheckEverythingInside(picker);
     CheckNothingClipped(picker, 16, kTightDpi);
+    ClosePicker();
+    ExpectReadable(OpenForm("Ctrl+Alt+Shift+F12", L"dlgStudentProfile", L"cmboBirthYear"), kTightDpi);
 }
 
 }  // namespace

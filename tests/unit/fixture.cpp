@@ -32,7 +32,7 @@ void ResetSession() {
         text->clear();
     gTaskTerminator = L"Space";
     SetLanguage(0);
-    gMAGic = gAdult = false;
+    gMAGic = gAdult = gQuizGiveHelp = false;
 }
 
 void SetLanguage(int language) {

@@ -554,6 +554,19 @@ TEST_F(NetworkTest, AFileThatTheNetworkLacksStays) {
 // ---- learner folders
 // -------------------------------------------------------------------------------------------------
 
+TEST(StaysInside, TakesNamesInTheFolderAndBelowIt) {
+    for (const wchar_t* path : {L"a.ini", L"sub\\a.ini", L"sub/deeper\\a.ini", L".\\a.ini", L"sub\\\\a.ini", L"sub\\",
+                                L"a..b", L".a", L"console"})
+        EXPECT_TRUE(modUtils::StaysInside(path)) << fs::path(path);
+}
+
+TEST(StaysInside, RefusesEveryWayOut) {
+    for (const wchar_t* path :
+         {L"", L"..", L"..\\a", L"../a", L"sub\\..\\..\\a", L"sub\\..", L"\\a", L"/a", L"\\\\s\\a", L"C:a", L"C:\\a",
+          L"a:stream", L".. \\a", L"...\\a", L" ..\\a", L"nul", L"sub\\CON.ini", L"a*", L"a\nb"})
+        EXPECT_FALSE(modUtils::StaysInside(path)) << fs::path(path);
+}
+
 TEST(LearnerFolderName, IsTheNameWithoutBlanksAndFullStopsAtItsEnd) {
     EXPECT_EQ(modUtils::LearnerFolderName(L"Ann Smith"), L"Ann Smith");
     EXPECT_EQ(modUtils::LearnerFolderName(L"Ann S. . "), L"Ann S");

@@ -410,6 +410,38 @@ TEST_F(ProfileTest, ASectionIsOneCallAndItsValuesNone) {
     EXPECT_EQ(profile::CallCount() - before, 1U);
 }
 
+TEST_F(ProfileTest, AMissingOrEmptyNumberIsItsDefault) {
+    const std::wstring file = NewFile("[S]\r\nn=12\r\nempty=\r\nblank=   \r\nword=few\r\nbare\r\n");
+    const profile::Section section(file, kSectionWide);
+    const auto expect = [&](const wchar_t* key, std::int16_t expected) {
+        EXPECT_EQ(profile::ReadInt16(file, kSectionWide, key, 7), expected);
+        EXPECT_EQ(section.ReadInt16(key, 7), expected);
+    };
+    expect(L"n", 12);
+    expect(L"missing", 7);
+    expect(L"empty", 7);
+    expect(L"blank", 7);
+    expect(L"bare", 7);
+    expect(L"word", 0);
+    EXPECT_EQ(profile::ReadInt16(NewName(), kSectionWide, L"n", -7), -7);
+    EXPECT_EQ(profile::Section(NewName(), kSectionWide).ReadInt16(L"n", -7), -7);
+}
+
+TEST_F(ProfileTest, LinesComeAsTheSystemListsThemAndWholeOnly) {
+    using Lines = std::vector<std::wstring>;
+    const std::wstring file = NewFile("[S]\r\n b = 2 \r\n\r\n; comment\r\nbare\r\na=\"1\"\r\na=\xC4\r\n[T]\r\nc=3\r\n");
+    const Lines all{L"b=2", L"bare", L"a=\"1\"", L"a=\u00C4"};
+    EXPECT_EQ(profile::ReadLines(file, kSectionWide, 4096), all);
+    // 4 + 5 + 6 + 4 bytes with their NULs, and one more for the end of the list.
+    EXPECT_EQ(profile::ReadLines(file, kSectionWide, 20), all);
+    EXPECT_EQ(profile::ReadLines(file, kSectionWide, 19), (Lines{L"b=2", L"bare", L"a=\"1\""}));
+    EXPECT_EQ(profile::ReadLines(file, kSectionWide, 16), (Lines{L"b=2", L"bare", L"a=\"1\""}));
+    EXPECT_EQ(profile::ReadLines(file, kSectionWide, 15), (Lines{L"b=2", L"bare"}));
+    EXPECT_EQ(profile::ReadLines(file, kSectionWide, 4), Lines{});
+    EXPECT_EQ(profile::ReadLines(file, L"none", 4096), Lines{});
+    EXPECT_EQ(profile::ReadLines(NewName(), kSectionWide, 4096), Lines{});
+}
+
 TEST_F(ProfileTest, EverySingleReadAndWriteIsOneCall) {
     const std::wstring file = NewFile("[S]\r\nk=v\r\nn=12\r\n");
     std::size_t before = profile::CallCount();

@@ -23,6 +23,12 @@ TEST(TrimBlanks, TakesBlanksAtBothEndsAndNothingElse) {
     EXPECT_EQ(TrimBlanks(L""), L"");
 }
 
+TEST(DropControlCharacters, KeepsEverythingElse) {
+    EXPECT_EQ(DropControlCharacters(L"a\r\n\tb\x01\x1F\x7F c\u0080\u00C4"), L"ab c\u0080\u00C4");
+    EXPECT_EQ(DropControlCharacters(std::wstring(L"a\0b", 3)), L"ab");
+    EXPECT_EQ(DropControlCharacters(L""), L"");
+}
+
 TEST(ReplaceAll, RunsOnceFromLeftToRight) {
     EXPECT_EQ(ReplaceAll(L"aaa", L"aa", L"a"), L"aa");
     EXPECT_EQ(ReplaceAll(L"aaaa", L"aa", L"a"), L"aa");

@@ -57,6 +57,29 @@ RichFormat ReadFormat(HANDLE process, const Window& window) {
     return result;
 }
 
+/// The messages that read a list box or the list of a combo box.
+struct ListMessages {
+    UINT count;
+    UINT length;
+    UINT text;
+    UINT selected;
+};
+constexpr ListMessages kListBox{LB_GETCOUNT, LB_GETTEXTLEN, LB_GETTEXT, LB_GETCURSEL};
+constexpr ListMessages kDropDown{CB_GETCOUNT, CB_GETLBTEXTLEN, CB_GETLBTEXT, CB_GETCURSEL};
+
+ListContent ReadEntries(const Window& list, const ListMessages& messages) {
+    ListContent content;
+    const LRESULT count = list.Send(messages.count);
+    for (LRESULT line = 0; line < count; ++line) {
+        const auto index = static_cast<WPARAM>(line);
+        std::wstring text(static_cast<std::size_t>(list.Send(messages.length, index)) + 1, L'\0');
+        text.resize(static_cast<std::size_t>(list.Send(messages.text, index, std::bit_cast<LPARAM>(text.data()))));
+        content.lines.push_back(text);
+    }
+    content.selected = static_cast<int>(list.Send(messages.selected));
+    return content;
+}
+
 template <class Visit>
 void ForEachPixel(const RECT& area, Visit&& visit) {
     const HDC screen = GetDC(nullptr);
@@ -136,18 +159,9 @@ bool Tree::HasSelection() const { return window_.Send(TVM_GETNEXTITEM, TVGN_CARE
 
 void Tree::SelectNothing() const { window_.Send(TVM_SELECTITEM, TVGN_CARET, 0); }
 
-ListContent ReadList(const Window& list) {
-    ListContent content;
-    const LRESULT count = list.Send(LB_GETCOUNT);
-    for (LRESULT line = 0; line < count; ++line) {
-        const auto index = static_cast<WPARAM>(line);
-        std::wstring text(static_cast<std::size_t>(list.Send(LB_GETTEXTLEN, index)) + 1, L'\0');
-        text.resize(static_cast<std::size_t>(list.Send(LB_GETTEXT, index, std::bit_cast<LPARAM>(text.data()))));
-        content.lines.push_back(text);
-    }
-    content.selected = static_cast<int>(list.Send(LB_GETCURSEL));
-    return content;
-}
+ListContent ReadList(const Window& list) { return ReadEntries(list, kListBox); }
+
+ListContent ReadDropDown(const Window& list) { return ReadEntries(list, kDropDown); }
 
 RichFormat RichText::FormatOfAll() const {
     const auto [first, last] = Selection();

@@ -45,6 +45,8 @@ struct ListContent {
 };
 
 ListContent ReadList(const Window& list);
+/// What a drop-down list offers, and which entry is chosen.
+ListContent ReadDropDown(const Window& list);
 
 /// The look of a piece of rich text; a value that differs within the piece is marked as mixed.
 struct RichFormat {
