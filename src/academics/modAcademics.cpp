@@ -110,6 +110,7 @@ std::wstring GetTopicName(const std::wstring& catalogue, std::wstring_view secti
 
 void AddAcademicsToTree(std::int16_t sectionCount, const std::vector<std::wstring>& sections,
                         const std::vector<std::int16_t>& topicCounts, const TopicTable& topics, win32::TreeView& tree) {
+    const win32::HiddenTree hidden(tree);
     for (std::int16_t section = 1; section <= sectionCount; ++section) {
         const auto row = static_cast<std::size_t>(section) - 1;
         // Keys are made of numbers: names may repeat and hold any character.

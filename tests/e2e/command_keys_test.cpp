@@ -90,13 +90,6 @@ TEST_F(CommandKeys, KeysOfTheScreenReadersScriptsDoNothing) {
     }
 }
 
-TEST_F(CommandKeys, KeysWhoseWindowsDoNotExistYetDoNothing) {
-    StartUnsigned();
-    for (const char* chord : {"F4", "Shift+F4", "F8"}) {
-        ASSERT_NO_FATAL_FAILURE(ExpectNothingHappens(chord));
-    }
-}
-
 TEST_F(CommandKeys, EachOfTheOtherDialogsOpensOnItsKey) {
     StartUnsigned();
     struct Row {

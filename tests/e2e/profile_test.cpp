@@ -1,8 +1,6 @@
 // Preferences by Enter and by OK, and the student profile from its first key to its file.
 #include <functional>
 
-#include "checks.h"
-#include "editor_story.h"
 #include "fixture.h"
 
 namespace e2e {
@@ -136,17 +134,7 @@ protected:
     static constexpr char kBefore[] = "[Tutor]\r\nVersion=1\r\n";
 
     Window Open() { return OpenForm("Ctrl+Alt+Shift+F12", kProfile, L"cmboBirthYear"); }
-    Window In(std::wstring_view control) { return App().Control(kProfile, control); }
-    int Chosen(std::wstring_view list) { return ReadDropDown(In(list)).selected; }
-    bool Checked(std::wstring_view button) { return In(button).Send(BM_GETCHECK) == BST_CHECKED; }
-    void TabTo(std::wstring_view control) {
-        for (int step = 0; step < 25 && App().FocusName() != control; ++step) {
-            const Window before = App().Focus();
-            ASSERT_TRUE(App().Press("Tab"));
-            ASSERT_TRUE(WaitUntil([&] { return !(App().Focus() == before); }));
-        }
-        ASSERT_EQ(App().FocusName(), control);
-    }
+    int Chosen(std::wstring_view list) { return ReadDropDown(In(kProfile, list)).selected; }
     void TypeInto(std::wstring_view box, std::wstring_view text) {
         ASSERT_NO_FATAL_FAILURE(TabTo(box));
         ASSERT_TRUE(App().Type(text));
@@ -179,16 +167,16 @@ TEST_F(StudentProfile, ALearnerFillsItInWithTheKeyboardAndItStandsInItsFile) {
     ASSERT_NO_FATAL_FAILURE(TabTo(L"cmboBirthCountry"));
     ASSERT_TRUE(App().Type(L"a"));
     ASSERT_TRUE(WaitUntil([&] { return Chosen(L"cmboBirthCountry") == 3; }));
-    EXPECT_EQ(ReadDropDown(In(L"cmboBirthCountry")).lines[3], L"Australia");
+    EXPECT_EQ(ReadDropDown(In(kProfile, L"cmboBirthCountry")).lines[3], L"Australia");
     ASSERT_NO_FATAL_FAILURE(TabTo(L"optMale"));
     ASSERT_TRUE(App().Press("Down"));
-    ASSERT_TRUE(WaitUntil([&] { return Checked(L"optFemale"); }));
+    ASSERT_TRUE(WaitUntil([&] { return Checked(kProfile, L"optFemale"); }));
     ASSERT_NO_FATAL_FAILURE(TabTo(L"optBrown"));
     ASSERT_TRUE(App().Press("Up"));
-    ASSERT_TRUE(WaitUntil([&] { return Checked(L"optRed"); }));
+    ASSERT_TRUE(WaitUntil([&] { return Checked(kProfile, L"optRed"); }));
     ASSERT_NO_FATAL_FAILURE(TabTo(L"optElementary"));
     ASSERT_TRUE(App().Press("Down"));
-    ASSERT_TRUE(WaitUntil([&] { return Checked(L"optJuniorHigh"); }));
+    ASSERT_TRUE(WaitUntil([&] { return Checked(kProfile, L"optJuniorHigh"); }));
     ASSERT_NO_FATAL_FAILURE(TypeInto(L"txtFood", L"apple pie"));
     ASSERT_NO_FATAL_FAILURE(TypeInto(L"txtFriend", L"Ben"));
     ASSERT_NO_FATAL_FAILURE(TypeInto(L"txtAnimal", L"cat & dog"));
@@ -196,7 +184,7 @@ TEST_F(StudentProfile, ALearnerFillsItInWithTheKeyboardAndItStandsInItsFile) {
     for (const wchar_t* box : {L"chkSports", L"chkGames"}) {
         ASSERT_NO_FATAL_FAILURE(TabTo(box));
         ASSERT_TRUE(App().Press("Space"));
-        ASSERT_TRUE(WaitUntil([&] { return Checked(box); }));
+        ASSERT_TRUE(WaitUntil([&] { return Checked(kProfile, box); }));
     }
     EXPECT_EQ(Stored(), kBefore) << "nothing is written before OK or Save";
     SYSTEMTIME now{};
@@ -214,7 +202,7 @@ TEST_F(StudentProfile, ALearnerFillsItInWithTheKeyboardAndItStandsInItsFile) {
 TEST_F(StudentProfile, OpeningChoosingNothingAndOk) {
     StartUnsigned();
     ASSERT_TRUE(Open());
-    EXPECT_TRUE(Checked(L"optMale") && Checked(L"optBrown") && Checked(L"optElementary"));
+    EXPECT_TRUE(Checked(kProfile, L"optMale") && Checked(kProfile, L"optBrown") && Checked(kProfile, L"optElementary"));
     ASSERT_NO_FATAL_FAILURE(Confirm());
     EXPECT_EQ(Stored(), kBefore + std::string("[StudentProfile]\r\nBirthYear=\r\nBirthMonth=\r\nBirthDay=\r\n"
                                               "BirthCountry=\r\nSex=M\r\nHair=Brown\r\nSchool=Elementary\r\nFood=\r\n"
@@ -227,15 +215,15 @@ TEST_F(StudentProfile, TheListsHoldWhatTheyShould) {
     ASSERT_TRUE(Open());
     SYSTEMTIME now{};
     GetLocalTime(&now);
-    const ListContent years = ReadDropDown(In(L"cmboBirthYear"));
+    const ListContent years = ReadDropDown(In(kProfile, L"cmboBirthYear"));
     ASSERT_EQ(years.lines.size(), 111U);
     EXPECT_EQ(years.lines.front(), std::to_wstring(now.wYear - 110));
     EXPECT_EQ(years.lines.back(), std::to_wstring(now.wYear));
-    EXPECT_EQ(ReadDropDown(In(L"cmboBirthMonth")).lines,
+    EXPECT_EQ(ReadDropDown(In(kProfile, L"cmboBirthMonth")).lines,
               (Texts{L"January", L"February", L"March", L"April", L"May", L"June", L"July", L"August", L"September",
                      L"October", L"November", L"December"}));
-    EXPECT_EQ(ReadDropDown(In(L"cmboBirthDay")).lines.size(), 31U);
-    EXPECT_EQ(ReadDropDown(In(L"cmboBirthCountry")).lines,
+    EXPECT_EQ(ReadDropDown(In(kProfile, L"cmboBirthDay")).lines.size(), 31U);
+    EXPECT_EQ(ReadDropDown(In(kProfile, L"cmboBirthCountry")).lines,
               (Texts{L"USA", L"Canada", L"United Kingdom", L"Australia", L"New Zealand"}));
     for (const wchar_t* list : {L"cmboBirthYear", L"cmboBirthMonth", L"cmboBirthDay", L"cmboBirthCountry"})
         EXPECT_EQ(Chosen(list), -1) << ToUtf8(list);
@@ -279,7 +267,7 @@ TEST_F(StudentProfile, TheProfileIsNeverReadBack) {
     WriteBytes(UserFolder() / L"KSDialogTutor.ini", "[StudentProfile]\r\nSex=F\r\nFood=rice\r\nHair=Red\r\n");
     StartUnsigned();
     ASSERT_TRUE(Open());
-    EXPECT_TRUE(Checked(L"optMale") && Checked(L"optBrown"));
+    EXPECT_TRUE(Checked(kProfile, L"optMale") && Checked(kProfile, L"optBrown"));
     EXPECT_EQ(App().Text(kProfile, L"txtFood"), L"");
 }
 
@@ -288,9 +276,9 @@ TEST_F(StudentProfile, EscAndEnterInAnOpenListCloseTheListOnly) {
     ASSERT_TRUE(Open());
     for (const char* key : {"Esc", "Enter"}) {
         ASSERT_TRUE(App().Press("Alt+Down"));
-        ASSERT_TRUE(WaitUntil([&] { return In(L"cmboBirthYear").Send(CB_GETDROPPEDSTATE) != 0; }));
+        ASSERT_TRUE(WaitUntil([&] { return In(kProfile, L"cmboBirthYear").Send(CB_GETDROPPEDSTATE) != 0; }));
         ASSERT_TRUE(App().Press(key));
-        ASSERT_TRUE(WaitUntil([&] { return In(L"cmboBirthYear").Send(CB_GETDROPPEDSTATE) == 0; })) << key;
+        ASSERT_TRUE(WaitUntil([&] { return In(kProfile, L"cmboBirthYear").Send(CB_GETDROPPEDSTATE) == 0; })) << key;
         EXPECT_TRUE(App().Form(kProfile)) << key;
         EXPECT_EQ(App().FocusName(), L"cmboBirthYear") << key;
     }
