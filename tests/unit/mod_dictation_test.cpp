@@ -7,6 +7,7 @@
 
 #include "shell/frmMain.h"
 #include "shell/modGlobals.h"
+#include "unit/data_set.h"
 #include "unit/fixture.h"
 #include "unit/test_forms.h"
 #include "win32/profile.h"
@@ -368,7 +369,20 @@ TEST(DictationSelection, KeyBecomesTheSelectionAndComesBackWithoutItsFirstCharac
     EXPECT_EQ(gCurTaskNbr, 0);
 }
 
-TEST_F(Dictations, RunRequestNamesTheOpenCatalogue) {
+/// Requests need the main window, and loading that needs the shipped files: without them it waits in error boxes.
+class DictationRequests : public RealFoldersTest {
+protected:
+    void SetUp() override {
+        RealFoldersTest::SetUp();
+        if (!IsSkipped()) WriteShippedFiles(RealCommonFolder());
+    }
+    void TearDown() override {
+        frmMain::Default().Unload();
+        RealFoldersTest::TearDown();
+    }
+};
+
+TEST_F(DictationRequests, NameTheOpenCatalogue) {
     mDictationKind = kTeachersKind;
     RunDictation(3, 1);
     EXPECT_EQ(frmMain::Default().cmdAccessibility.Text(),
@@ -383,7 +397,6 @@ TEST_F(Dictations, RunRequestNamesTheOpenCatalogue) {
               L"DICP\x05"
               L"12\x05"
               L"0");
-    frmMain::Default().Unload();
 }
 
 }  // namespace
