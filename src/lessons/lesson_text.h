@@ -7,6 +7,16 @@
 
 namespace modTyping {
 
+// The counter section of a lesson file and what a lesson's section has beside the keys of all lesson files.
+inline constexpr wchar_t kListSection[] = L"Lessons";
+inline constexpr wchar_t kIntroKey[] = L"INTRO_LSN_JAWS";
+inline constexpr wchar_t kRepetitionsKey[] = L"TaskReps";
+inline constexpr wchar_t kTerminatorKey[] = L"TaskDL";
+
+// The text variants that are only read; the task's number follows.
+inline constexpr wchar_t kMagTextKey[] = L"PRINT_MAG_TASK_";
+inline constexpr wchar_t kNonEngTextKey[] = L"PRINT_NONENG_TASK_";
+
 /// Language variants that the editor writes.
 enum class Variant { Usa, Eng };
 

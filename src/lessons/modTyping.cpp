@@ -19,11 +19,6 @@ namespace profile = win32::profile;
 
 namespace {
 
-constexpr wchar_t kListSection[] = L"Lessons";
-constexpr wchar_t kIntroKey[] = L"INTRO_LSN_JAWS";
-constexpr wchar_t kRepetitionsKey[] = L"TaskReps";
-constexpr wchar_t kTerminatorKey[] = L"TaskDL";
-
 constexpr wchar_t kDefaultTerminator[] = L"Space";
 
 /// The keys of a text's variants without their number, and the number that ends each of them.
@@ -45,8 +40,7 @@ VariantKeys TitleKeys() { return {kTitleMagKey, kTitleEngKey, kTitleNonEngKey, l
 VariantKeys IntroKeys() { return {kTitleMagKey, kTitleEngKey, kTitleNonEngKey, kIntroKey, {}}; }
 
 VariantKeys TaskTextKeys(std::int16_t task) {
-    return {L"PRINT_MAG_TASK_", L"PRINT_ENG_TASK_", L"PRINT_NONENG_TASK_", L"PRINT_USA_TASK_",
-            modUtils::ZeroPad(task, 2)};
+    return {kMagTextKey, L"PRINT_ENG_TASK_", kNonEngTextKey, L"PRINT_USA_TASK_", modUtils::ZeroPad(task, 2)};
 }
 
 /// The first key of the chain, by the switches, whose text is not empty; else the base one.

@@ -12,8 +12,6 @@ namespace profile = win32::profile;
 
 namespace {
 
-constexpr wchar_t kLessonCountKey[] = L"NbrOfLessons";
-
 // A longer section is written value by value: the system's documented limit for one write is not far above.
 constexpr std::size_t kLargestSectionWrite = 60000;
 

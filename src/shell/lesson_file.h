@@ -11,6 +11,7 @@
 
 namespace lesson_file {
 
+inline constexpr wchar_t kLessonCountKey[] = L"NbrOfLessons";
 inline constexpr wchar_t kTitleKey[] = L"DefTitle";
 inline constexpr wchar_t kTaskCountKey[] = L"NbrOfTasks";
 

@@ -1,0 +1,132 @@
+// Makes the generated data files.
+#include "tools/data_make.h"
+
+#include <algorithm>
+#include <optional>
+
+#include "lessons/command_keys.h"
+#include "lessons/lesson_text.h"
+#include "shell/modGlobals.h"
+#include "shell/modUtils.h"
+#include "win32/text.h"
+
+namespace data_files {
+
+using namespace modTyping;
+
+namespace {
+
+constexpr wchar_t kDictationListSection[] = L"Dictations";
+constexpr wchar_t kLineBreak[] = L"\r\n";
+
+/// Writes sections and lines, one behind the other.
+class IniWriter {
+public:
+    void Section(std::wstring_view name) {
+        if (!text_.empty()) text_ += kLineBreak;
+        text_.append(L"[").append(name).append(L"]").append(kLineBreak);
+    }
+    void Line(std::wstring_view key, std::wstring_view value) {
+        text_.append(key).append(L"=").append(value).append(kLineBreak);
+    }
+    [[nodiscard]] std::string Bytes() const { return win32::ToAnsi(text_); }
+
+private:
+    std::wstring text_;
+};
+
+std::wstring TextOr(const std::optional<SourceText>& value, std::wstring_view otherwise) {
+    return value ? value->text : std::wstring(otherwise);
+}
+
+void WriteTask(IniWriter& ini, std::int16_t number, const SourceTask& task) {
+    const auto stored = [&](const SourceText& text) { return StoredText(task.kind, text.text); };
+    const auto spelled = [&](const SourceText& text) { return SpellOutTask(task.kind, stored(text)); };
+    const auto line = [&](const wchar_t* key, std::wstring_view value) { ini.Line(NumberedKey(key, number), value); };
+
+    ini.Line(KindTaskKey(number), task.kind);
+    ini.Line(PrintTaskKey(number, Variant::Usa), stored(task.text));
+    if (task.eng) ini.Line(PrintTaskKey(number, Variant::Eng), stored(*task.eng));
+    if (task.nonEng) line(kNonEngTextKey, stored(*task.nonEng));
+    if (task.mag) line(kMagTextKey, stored(*task.mag));
+
+    // Where British English is set, nothing falls back to the base spelling and explanation.
+    ini.Line(SpellTaskKey(number, Variant::Usa), spelled(task.text));
+    ini.Line(SpellTaskKey(number, Variant::Eng), spelled(task.eng.value_or(task.text)));
+    if (task.nonEng) line(kNonEngSpellingKey, spelled(*task.nonEng));
+    if (task.mag) line(kMagSpellingKey, spelled(*task.mag));
+
+    const std::wstring explanation = TextOr(task.explanation, L"");
+    ini.Line(ExplanationKey(number, Variant::Usa), explanation);
+    ini.Line(ExplanationKey(number, Variant::Eng), TextOr(task.engExplanation, explanation));
+    if (task.nonEngExplanation) line(kNonEngExplanationKey, task.nonEngExplanation->text);
+}
+
+}  // namespace
+
+std::wstring NumberedKey(std::wstring_view start, std::int16_t number) {
+    return std::wstring(start) + modUtils::ZeroPad(number, 2);
+}
+
+std::wstring StoredText(std::wstring_view kind, std::wstring_view sourceText) {
+    if (win32::LeadingNumber(kind) != kCommandKeysKind) return std::wstring(sourceText);
+    std::wstring chords;
+    for (const std::wstring& chord : Words(sourceText)) {
+        if (!chords.empty()) chords += command_keys::kChordSeparator;
+        chords += chord;
+    }
+    return chords;
+}
+
+std::wstring EncodeDictation(std::wstring_view text) {
+    const std::wstring tabsMarked = win32::ReplaceAll(text, L"\t", modGlobals::gMark6);
+    return win32::ReplaceAll(tabsMarked, kLineBreak, modGlobals::gLineBreakMark);
+}
+
+std::wstring DecodeDictation(std::wstring_view stored) {
+    const std::wstring tabs = win32::ReplaceAll(stored, modGlobals::gMark6, L"\t");
+    return win32::ReplaceAll(tabs, modGlobals::gLineBreakMark, kLineBreak);
+}
+
+std::wstring DictationLabel(std::wstring_view text) {
+    constexpr std::size_t kLabelLength = 65;
+    return win32::TrimBlanks(text.substr(0, std::min(text.find(L'\r'), kLabelLength)));
+}
+
+std::string MakeLessonFile(std::span<const SourceLesson> lessons) {
+    IniWriter ini;
+    ini.Section(kListSection);
+    ini.Line(kLessonCountKey, std::to_wstring(lessons.size()));
+    std::int16_t lessonNumber = 0;
+    for (const SourceLesson& lesson : lessons) {
+        ini.Section(LessonSectionName(++lessonNumber));
+        ini.Line(kTitleKey, lesson.title.text);
+        ini.Line(kIntroKey, TextOr(lesson.intro, L""));
+        ini.Line(kRepetitionsKey, TextOr(lesson.repeats, kDefaultRepeats));
+        ini.Line(kTerminatorKey, TextOr(lesson.ends, kDefaultEnds));
+        ini.Line(kTaskCountKey, std::to_wstring(lesson.tasks.size()));
+        std::int16_t taskNumber = 0;
+        for (const SourceTask& task : lesson.tasks) WriteTask(ini, ++taskNumber, task);
+    }
+    return ini.Bytes();
+}
+
+std::string MakeDictationFile(std::span<const SourceDictationLesson> lessons) {
+    IniWriter ini;
+    ini.Section(kDictationListSection);
+    ini.Line(kLessonCountKey, std::to_wstring(lessons.size()));
+    std::int16_t lessonNumber = 0;
+    for (const SourceDictationLesson& lesson : lessons) {
+        ini.Section(LessonSectionName(++lessonNumber));
+        ini.Line(kTitleKey, lesson.title.text);
+        ini.Line(kTaskCountKey, std::to_wstring(lesson.dictations.size()));
+        std::int16_t number = 0;
+        for (const SourceText& dictation : lesson.dictations) {
+            ini.Line(PrintTaskKey(++number, Variant::Usa), DictationLabel(dictation.text));
+            ini.Line(SpellTaskKey(number, Variant::Usa), EncodeDictation(dictation.text));
+        }
+    }
+    return ini.Bytes();
+}
+
+}  // namespace data_files
