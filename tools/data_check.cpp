@@ -77,6 +77,8 @@ public:
 
     [[nodiscard]] bool Exists() const { return section_ != nullptr; }
     [[nodiscard]] const std::wstring& Name() const { return name_; }
+    /// Whether every count was understood, so that what is beyond one can be told.
+    [[nodiscard]] bool CountsKnown() const { return countsKnown_; }
 
     /// The value of a key that may be missing; "" then.
     std::wstring Optional(const std::wstring& key) {
@@ -94,11 +96,15 @@ public:
     /// A count; 0, and a finding, when it is not a plain number up to `most`.
     std::int16_t Count(const std::wstring& key, std::size_t least, std::size_t most) {
         const std::wstring value = Required(key);
-        if (value.empty()) return 0;
+        if (value.empty()) {
+            countsKnown_ = false;
+            return 0;
+        }
         const auto number = PlainNumber(value);
         if (!number || *number < least || *number > most) {
             Tell(key + L" is " + Quoted(value) + L", not a number from " + std::to_wstring(least) + L" to " +
                  std::to_wstring(most));
+            countsKnown_ = false;
             return 0;
         }
         return static_cast<std::int16_t>(*number);
@@ -106,7 +112,7 @@ public:
 
     /// Tells every key that was not asked for: beyond the counts, or misspelt.
     void TellUnknownKeys() {
-        if (section_ == nullptr) return;
+        if (section_ == nullptr || !countsKnown_) return;
         for (const auto& line : section_->lines)
             if (!known_.contains(Heard(line.key)))
                 Tell(line.key + L" is no key of this section, or is beyond its count");
@@ -129,6 +135,7 @@ private:
     const IniSection* section_;
     Findings& findings_;
     std::set<std::wstring> known_;
+    bool countsKnown_ = true;
 };
 
 /// Tells every section that was not read.
@@ -361,6 +368,8 @@ public:
         const std::int16_t count = head.Count(L"NbrOfSections", 1, kMaxTasks);
         head.TellUnknownKeys();
         for (std::int16_t subject = 1; subject <= count; ++subject) CheckSubject(subject);
+        // What a count that was not understood hides is no finding of its own.
+        if (!head.CountsKnown() || !topicsKnown_) return std::move(findings_);
         TellUnknownSections(catalogue_, known_, findings_);
         for (const QuizFile& file : files_) {
             if (file.known.empty())
@@ -391,6 +400,7 @@ private:
             if (!title.empty() && !fileName.empty()) CheckTopic(section, title, fileName);
         }
         section.TellUnknownKeys();
+        topicsKnown_ = topicsKnown_ && section.CountsKnown();
     }
 
     void CheckTopic(SectionReader& section, const std::wstring& title, const std::wstring& fileName) {
@@ -410,6 +420,7 @@ private:
         SectionReader topic(*found->file, title, findings_);
         const std::int16_t count = topic.Count(L"NbrOfQuizzes", 1, kMaxTasks);
         topic.TellUnknownKeys();
+        topicsKnown_ = topicsKnown_ && topic.CountsKnown();
         Unique quizzes(L"quiz");
         for (std::int16_t quiz = 1; quiz <= count; ++quiz)
             if (const std::wstring name = NumberedKey(title, quiz); know(name)) {
@@ -435,6 +446,7 @@ private:
     std::wstring folder_;
     std::vector<QuizFile> files_;
     std::set<std::wstring> known_;
+    bool topicsKnown_ = true;
     Unique subjects_{L"subject"};
     Findings findings_;
 };
@@ -453,7 +465,7 @@ Findings CheckLessons(const IniFile& file, std::size_t fewestLessons) {
         known.insert(Heard(section.Name()));
         CheckLesson(section, titles);
     }
-    TellUnknownSections(file, known, findings);
+    if (head.CountsKnown()) TellUnknownSections(file, known, findings);
     return findings;
 }
 
@@ -536,7 +548,7 @@ Findings CheckDictations(const IniFile& file, std::size_t fewestLessons) {
         section.TellUnknownKeys();
         section.TellSize(kMovedSectionBytes);
     }
-    TellUnknownSections(file, known, findings);
+    if (head.CountsKnown()) TellUnknownSections(file, known, findings);
     return findings;
 }
 
