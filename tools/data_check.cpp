@@ -11,7 +11,7 @@
 
 #include "lessons/command_keys.h"
 #include "lessons/lesson_text.h"
-#include "shell/modUtils.h"
+#include "shell/lesson_file.h"
 #include "tools/data_make.h"
 #include "win32/text.h"
 
@@ -204,15 +204,15 @@ public:
 
         section_.Required(ExplanationKey(number_, Variant::Usa));
         section_.Required(ExplanationKey(number_, Variant::Eng));
-        section_.Optional(NumberedKey(kNonEngExplanationKey, number_));
+        section_.Optional(lesson_file::TaskKey(kNonEngExplanationKey, number_));
     }
 
 private:
     /// A variant that the program only reads: it is spelled out where it is in use.
     void CheckVariant(const wchar_t* textKey, const wchar_t* spellingKey) {
-        const std::wstring text = section_.Optional(NumberedKey(textKey, number_));
+        const std::wstring text = section_.Optional(lesson_file::TaskKey(textKey, number_));
         CheckText(text);
-        const std::wstring key = NumberedKey(spellingKey, number_);
+        const std::wstring key = lesson_file::TaskKey(spellingKey, number_);
         if (!text.empty())
             CheckSpelling(key, text);
         else if (!section_.Optional(key).empty())
@@ -250,21 +250,22 @@ void CheckLesson(SectionReader& section, Unique& titles) {
     constexpr std::array<std::wstring_view, 2> kRepeats{L"2", L"4"};
     constexpr std::array<std::wstring_view, 3> kEnds{L"Enter", L"Space", L"Nothing"};
     if (!section.Exists()) return;
-    section.TellTwice(titles, section.Required(kTitleKey));
+    section.TellTwice(titles, section.Required(lesson_file::kTitleKey));
     section.Required(kIntroKey);
     CheckOneOf(section, kRepetitionsKey, kRepeats);
     CheckOneOf(section, kTerminatorKey, kEnds);
-    const std::int16_t count = section.Count(kTaskCountKey, 1, kMaxTasks);
+    const std::int16_t count = section.Count(lesson_file::kTaskCountKey, 1, kMaxTasks);
     for (std::int16_t task = 1; task <= count; ++task) TaskCheck(section, task).Check();
     section.TellUnknownKeys();
-    section.TellSize(kMovedSectionBytes);
+    section.TellSize(lesson_file::kMovedSectionBytes);
 }
 
 /// Every PRINT text of a task.
 std::set<std::wstring> StoredTexts(const IniSection& section, std::int16_t task) {
     std::set<std::wstring> texts;
-    for (const std::wstring& key : {PrintTaskKey(task, Variant::Usa), PrintTaskKey(task, Variant::Eng),
-                                    NumberedKey(kNonEngTextKey, task), NumberedKey(kMagTextKey, task)})
+    for (const std::wstring& key :
+         {PrintTaskKey(task, Variant::Usa), PrintTaskKey(task, Variant::Eng),
+          lesson_file::TaskKey(kNonEngTextKey, task), lesson_file::TaskKey(kMagTextKey, task)})
         if (const auto text = section.Value(key); text && !text->empty()) texts.insert(*text);
     return texts;
 }
@@ -387,16 +388,16 @@ private:
     };
 
     void CheckSubject(std::int16_t number) {
-        const std::wstring name = NumberedKey(L"SECTION_", number);
+        const std::wstring name = lesson_file::TaskKey(L"SECTION_", number);
         known_.insert(Heard(name));
         SectionReader section(catalogue_, name, findings_);
         section.TellTwice(subjects_, section.Required(L"SECTION_NAME"));
         const std::int16_t count = section.Count(L"NbrOfTopics", 1, kMaxTasks);
         Unique topics(L"topic");
         for (std::int16_t topic = 1; topic <= count; ++topic) {
-            const std::wstring title = section.Required(NumberedKey(L"TOPIC_NAME_", topic));
+            const std::wstring title = section.Required(lesson_file::TaskKey(L"TOPIC_NAME_", topic));
             section.TellTwice(topics, title);
-            const std::wstring fileName = section.Required(NumberedKey(L"FILE_NAME_", topic));
+            const std::wstring fileName = section.Required(lesson_file::TaskKey(L"FILE_NAME_", topic));
             if (!title.empty() && !fileName.empty()) CheckTopic(section, title, fileName);
         }
         section.TellUnknownKeys();
@@ -423,7 +424,7 @@ private:
         topicsKnown_ = topicsKnown_ && topic.CountsKnown();
         Unique quizzes(L"quiz");
         for (std::int16_t quiz = 1; quiz <= count; ++quiz)
-            if (const std::wstring name = NumberedKey(title, quiz); know(name)) {
+            if (const std::wstring name = lesson_file::TaskKey(title, quiz); know(name)) {
                 SectionReader questions(*found->file, name, findings_);
                 CheckQuiz(questions, quizzes);
             }
@@ -431,13 +432,13 @@ private:
 
     static void CheckQuiz(SectionReader& quiz, Unique& titles) {
         if (!quiz.Exists()) return;
-        quiz.TellTwice(titles, quiz.Required(kTitleKey));
+        quiz.TellTwice(titles, quiz.Required(lesson_file::kTitleKey));
         const std::int16_t count = quiz.Count(L"NbrOfQuestions", 1, kMaxQuestions);
         Unique questions(L"question");
         for (std::int16_t number = 1; number <= count; ++number) {
-            quiz.TellTwice(questions, quiz.Required(NumberedKey(L"QUESTION_", number)));
-            quiz.Required(NumberedKey(L"ANSWER_", number));
-            quiz.Required(NumberedKey(L"HINT_", number));
+            quiz.TellTwice(questions, quiz.Required(lesson_file::TaskKey(L"QUESTION_", number)));
+            quiz.Required(lesson_file::TaskKey(L"ANSWER_", number));
+            quiz.Required(lesson_file::TaskKey(L"HINT_", number));
         }
         quiz.TellUnknownKeys();
     }
@@ -456,12 +457,12 @@ private:
 Findings CheckLessons(const IniFile& file, std::size_t fewestLessons) {
     Findings findings;
     SectionReader head(file, kListSection, findings);
-    const std::int16_t count = head.Count(kLessonCountKey, fewestLessons, kMaxListedLessons);
+    const std::int16_t count = head.Count(lesson_file::kLessonCountKey, fewestLessons, kMaxListedLessons);
     head.TellUnknownKeys();
     std::set<std::wstring> known{Heard(kListSection)};
     Unique titles(L"title");
     for (std::int16_t number = 1; number <= count; ++number) {
-        SectionReader section(file, LessonSectionName(number), findings);
+        SectionReader section(file, lesson_file::SectionName(number), findings);
         known.insert(Heard(section.Name()));
         CheckLesson(section, titles);
     }
@@ -481,12 +482,12 @@ Findings CheckCatalogue(const IniFile& file, std::span<const CatalogueLesson> ca
                                 std::to_wstring(lessons) + L" lessons" + with});
     std::int16_t number = 0;
     for (const CatalogueLesson& listed : catalogue) {
-        const std::wstring name = LessonSectionName(++number);
+        const std::wstring name = lesson_file::SectionName(++number);
         const IniSection* section = file.Find(name);
         if (section == nullptr) continue;
-        if (listed.text != std::to_wstring(number) + L". " + section->Value(kTitleKey).value_or(L""))
+        if (listed.text != std::to_wstring(number) + L". " + section->Value(lesson_file::kTitleKey).value_or(L""))
             findings.push_back({file.name, name, L"the program lists it as " + Quoted(listed.text) + with});
-        if (std::to_wstring(listed.tasks.size()) != section->Value(kTaskCountKey).value_or(L""))
+        if (std::to_wstring(listed.tasks.size()) != section->Value(lesson_file::kTaskCountKey).value_or(L""))
             findings.push_back(
                 {file.name, name, L"the program lists " + std::to_wstring(listed.tasks.size()) + L" tasks" + with});
         std::int16_t task = 0;
@@ -503,7 +504,7 @@ Findings CheckLessonSource(std::wstring_view name, std::span<const SourceLesson>
     IntroducedKeys keys(name, findings);
     std::int16_t number = 0;
     for (const SourceLesson& lesson : lessons) {
-        const std::wstring section = LessonSectionName(++number);
+        const std::wstring section = lesson_file::SectionName(++number);
         const auto tell = [&](const SourceText& at, const wchar_t* what) {
             findings.push_back({std::wstring(name), section, L"line " + std::to_wstring(at.line) + L" " + what});
         };
@@ -526,16 +527,17 @@ Findings CheckDictations(const IniFile& file, std::size_t fewestLessons) {
     constexpr wchar_t kSection[] = L"Dictations";
     Findings findings;
     SectionReader head(file, kSection, findings);
-    const std::int16_t count = head.Count(kLessonCountKey, fewestLessons, static_cast<std::size_t>(INT16_MAX));
+    const std::int16_t count =
+        head.Count(lesson_file::kLessonCountKey, fewestLessons, static_cast<std::size_t>(INT16_MAX));
     head.TellUnknownKeys();
     std::set<std::wstring> known{Heard(kSection)};
     Unique titles(L"title");
     for (std::int16_t number = 1; number <= count; ++number) {
-        SectionReader section(file, LessonSectionName(number), findings);
+        SectionReader section(file, lesson_file::SectionName(number), findings);
         known.insert(Heard(section.Name()));
         if (!section.Exists()) continue;
-        section.TellTwice(titles, section.Required(kTitleKey));
-        const std::int16_t tasks = section.Count(kTaskCountKey, 1, kMaxTasks);
+        section.TellTwice(titles, section.Required(lesson_file::kTitleKey));
+        const std::int16_t tasks = section.Count(lesson_file::kTaskCountKey, 1, kMaxTasks);
         Unique labels(L"label");
         for (std::int16_t task = 1; task <= tasks; ++task) {
             const std::wstring labelKey = PrintTaskKey(task, Variant::Usa);
@@ -546,7 +548,7 @@ Findings CheckDictations(const IniFile& file, std::size_t fewestLessons) {
                 section.Tell(labelKey + L" is not the label that the program makes of the text");
         }
         section.TellUnknownKeys();
-        section.TellSize(kMovedSectionBytes);
+        section.TellSize(lesson_file::kMovedSectionBytes);
     }
     if (head.CountsKnown()) TellUnknownSections(file, known, findings);
     return findings;
@@ -565,7 +567,7 @@ Findings CheckPreferences(const IniFile& file) {
         if (lines->lines.empty()) section.Tell(L"there is no preference");
         for (std::size_t i = 0; i < lines->lines.size(); ++i) {
             // A preference is known by its place; its key tells the place to whoever reads the file.
-            const std::wstring key = NumberedKey(L"PREF_", static_cast<std::int16_t>(i + 1));
+            const std::wstring key = lesson_file::TaskKey(L"PREF_", static_cast<std::int16_t>(i + 1));
             if (!SameName(lines->lines[i].key, key))
                 section.Tell(lines->lines[i].key + L" stands in the place of " + key);
             section.TellTwice(preferences, section.Required(lines->lines[i].key));

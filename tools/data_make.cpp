@@ -2,12 +2,13 @@
 #include "tools/data_make.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <optional>
 
 #include "lessons/command_keys.h"
 #include "lessons/lesson_text.h"
+#include "shell/lesson_file.h"
 #include "shell/modGlobals.h"
-#include "shell/modUtils.h"
 #include "win32/text.h"
 
 namespace data_files {
@@ -42,7 +43,9 @@ std::wstring TextOr(const std::optional<SourceText>& value, std::wstring_view ot
 void WriteTask(IniWriter& ini, std::int16_t number, const SourceTask& task) {
     const auto stored = [&](const SourceText& text) { return StoredText(task.kind, text.text); };
     const auto spelled = [&](const SourceText& text) { return SpellOutTask(task.kind, stored(text)); };
-    const auto line = [&](const wchar_t* key, std::wstring_view value) { ini.Line(NumberedKey(key, number), value); };
+    const auto line = [&](const wchar_t* key, std::wstring_view value) {
+        ini.Line(lesson_file::TaskKey(key, number), value);
+    };
 
     ini.Line(KindTaskKey(number), task.kind);
     ini.Line(PrintTaskKey(number, Variant::Usa), stored(task.text));
@@ -63,10 +66,6 @@ void WriteTask(IniWriter& ini, std::int16_t number, const SourceTask& task) {
 }
 
 }  // namespace
-
-std::wstring NumberedKey(std::wstring_view start, std::int16_t number) {
-    return std::wstring(start) + modUtils::ZeroPad(number, 2);
-}
 
 std::wstring StoredText(std::wstring_view kind, std::wstring_view sourceText) {
     if (win32::LeadingNumber(kind) != kCommandKeysKind) return std::wstring(sourceText);
@@ -96,15 +95,15 @@ std::wstring DictationLabel(std::wstring_view text) {
 std::string MakeLessonFile(std::span<const SourceLesson> lessons) {
     IniWriter ini;
     ini.Section(kListSection);
-    ini.Line(kLessonCountKey, std::to_wstring(lessons.size()));
+    ini.Line(lesson_file::kLessonCountKey, std::to_wstring(lessons.size()));
     std::int16_t lessonNumber = 0;
     for (const SourceLesson& lesson : lessons) {
-        ini.Section(LessonSectionName(++lessonNumber));
-        ini.Line(kTitleKey, lesson.title.text);
+        ini.Section(lesson_file::SectionName(++lessonNumber));
+        ini.Line(lesson_file::kTitleKey, lesson.title.text);
         ini.Line(kIntroKey, TextOr(lesson.intro, L""));
         ini.Line(kRepetitionsKey, TextOr(lesson.repeats, kDefaultRepeats));
         ini.Line(kTerminatorKey, TextOr(lesson.ends, kDefaultEnds));
-        ini.Line(kTaskCountKey, std::to_wstring(lesson.tasks.size()));
+        ini.Line(lesson_file::kTaskCountKey, std::to_wstring(lesson.tasks.size()));
         std::int16_t taskNumber = 0;
         for (const SourceTask& task : lesson.tasks) WriteTask(ini, ++taskNumber, task);
     }
@@ -114,12 +113,12 @@ std::string MakeLessonFile(std::span<const SourceLesson> lessons) {
 std::string MakeDictationFile(std::span<const SourceDictationLesson> lessons) {
     IniWriter ini;
     ini.Section(kDictationListSection);
-    ini.Line(kLessonCountKey, std::to_wstring(lessons.size()));
+    ini.Line(lesson_file::kLessonCountKey, std::to_wstring(lessons.size()));
     std::int16_t lessonNumber = 0;
     for (const SourceDictationLesson& lesson : lessons) {
-        ini.Section(LessonSectionName(++lessonNumber));
-        ini.Line(kTitleKey, lesson.title.text);
-        ini.Line(kTaskCountKey, std::to_wstring(lesson.dictations.size()));
+        ini.Section(lesson_file::SectionName(++lessonNumber));
+        ini.Line(lesson_file::kTitleKey, lesson.title.text);
+        ini.Line(lesson_file::kTaskCountKey, std::to_wstring(lesson.dictations.size()));
         std::int16_t number = 0;
         for (const SourceText& dictation : lesson.dictations) {
             ini.Line(PrintTaskKey(++number, Variant::Usa), DictationLabel(dictation.text));

@@ -1,7 +1,6 @@
 // The generated data files: what the sources of the shipped lessons and dictations become.
 #pragma once
 
-#include <cstdint>
 #include <span>
 #include <string>
 #include <string_view>
@@ -15,9 +14,6 @@ namespace data_files {
 inline constexpr wchar_t kMagSpellingKey[] = L"SPELL_MAG_TASK_";
 inline constexpr wchar_t kNonEngSpellingKey[] = L"SPELL_NONENG_TASK_";
 inline constexpr wchar_t kNonEngExplanationKey[] = L"EXPLN_NONENG_CHILD_";
-
-/// A key that ends in a task's number.
-std::wstring NumberedKey(std::wstring_view start, std::int16_t number);
 
 /// A task's text as it is stored: key chords are parted as the task editor parts them.
 std::wstring StoredText(std::wstring_view kind, std::wstring_view sourceText);

@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <utility>
 
-#include "lessons/lesson_text.h"
+#include "shell/lesson_file.h"
 #include "win32/text.h"
 
 namespace data_files {
@@ -96,7 +96,7 @@ private:
     std::size_t done_ = 0;
 };
 
-std::wstring SectionOf(std::size_t lesson) { return modTyping::LessonSectionName(static_cast<std::int16_t>(lesson)); }
+std::wstring SectionOf(std::size_t lesson) { return lesson_file::SectionName(static_cast<std::int16_t>(lesson)); }
 
 /// Reads lessons: a line belongs to the lesson or the task that began last.
 class LessonParser {
