@@ -9,6 +9,7 @@
 #include <string>
 #include <utility>
 
+#include "dictation/dictation_text.h"
 #include "lessons/command_keys.h"
 #include "lessons/lesson_text.h"
 #include "shell/lesson_file.h"
@@ -524,13 +525,12 @@ Findings CheckLessonSource(std::wstring_view name, std::span<const SourceLesson>
 }
 
 Findings CheckDictations(const IniFile& file, std::size_t fewestLessons) {
-    constexpr wchar_t kSection[] = L"Dictations";
     Findings findings;
-    SectionReader head(file, kSection, findings);
+    SectionReader head(file, modDictation::kListSection, findings);
     const std::int16_t count =
         head.Count(lesson_file::kLessonCountKey, fewestLessons, static_cast<std::size_t>(INT16_MAX));
     head.TellUnknownKeys();
-    std::set<std::wstring> known{Heard(kSection)};
+    std::set<std::wstring> known{Heard(modDictation::kListSection)};
     Unique titles(L"title");
     for (std::int16_t number = 1; number <= count; ++number) {
         SectionReader section(file, lesson_file::SectionName(number), findings);
@@ -540,11 +540,11 @@ Findings CheckDictations(const IniFile& file, std::size_t fewestLessons) {
         const std::int16_t tasks = section.Count(lesson_file::kTaskCountKey, 1, kMaxTasks);
         Unique labels(L"label");
         for (std::int16_t task = 1; task <= tasks; ++task) {
-            const std::wstring labelKey = PrintTaskKey(task, Variant::Usa);
+            const std::wstring labelKey = modDictation::PrintTaskKey(task);
             const std::wstring label = section.Required(labelKey);
-            const std::wstring text = section.Required(SpellTaskKey(task, Variant::Usa));
+            const std::wstring text = section.Required(modDictation::SpellTaskKey(task));
             section.TellTwice(labels, label);
-            if (!label.empty() && !text.empty() && label != DictationLabel(DecodeDictation(text)))
+            if (!label.empty() && !text.empty() && label != ReadBackLabel(modDictation::DecodeText(text)))
                 section.Tell(labelKey + L" is not the label that the program makes of the text");
         }
         section.TellUnknownKeys();

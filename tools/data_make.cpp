@@ -1,14 +1,13 @@
 // Makes the generated data files.
 #include "tools/data_make.h"
 
-#include <algorithm>
 #include <cstdint>
 #include <optional>
 
+#include "dictation/dictation_text.h"
 #include "lessons/command_keys.h"
 #include "lessons/lesson_text.h"
 #include "shell/lesson_file.h"
-#include "shell/modGlobals.h"
 #include "win32/text.h"
 
 namespace data_files {
@@ -17,7 +16,6 @@ using namespace modTyping;
 
 namespace {
 
-constexpr wchar_t kDictationListSection[] = L"Dictations";
 constexpr wchar_t kLineBreak[] = L"\r\n";
 
 /// Writes sections and lines, one behind the other.
@@ -77,19 +75,10 @@ std::wstring StoredText(std::wstring_view kind, std::wstring_view sourceText) {
     return chords;
 }
 
-std::wstring EncodeDictation(std::wstring_view text) {
-    const std::wstring tabsMarked = win32::ReplaceAll(text, L"\t", modGlobals::gMark6);
-    return win32::ReplaceAll(tabsMarked, kLineBreak, modGlobals::gLineBreakMark);
-}
-
-std::wstring DecodeDictation(std::wstring_view stored) {
-    const std::wstring tabs = win32::ReplaceAll(stored, modGlobals::gMark6, L"\t");
-    return win32::ReplaceAll(tabs, modGlobals::gLineBreakMark, kLineBreak);
-}
-
-std::wstring DictationLabel(std::wstring_view text) {
-    constexpr std::size_t kLabelLength = 65;
-    return win32::TrimBlanks(text.substr(0, std::min(text.find(L'\r'), kLabelLength)));
+std::wstring ReadBackLabel(std::wstring_view text) {
+    std::wstring label = modDictation::LabelText(text);
+    if (label.ends_with(L'\r')) label.pop_back();
+    return win32::TrimBlanks(label);
 }
 
 std::string MakeLessonFile(std::span<const SourceLesson> lessons) {
@@ -112,7 +101,7 @@ std::string MakeLessonFile(std::span<const SourceLesson> lessons) {
 
 std::string MakeDictationFile(std::span<const SourceDictationLesson> lessons) {
     IniWriter ini;
-    ini.Section(kDictationListSection);
+    ini.Section(modDictation::kListSection);
     ini.Line(lesson_file::kLessonCountKey, std::to_wstring(lessons.size()));
     std::int16_t lessonNumber = 0;
     for (const SourceDictationLesson& lesson : lessons) {
@@ -121,8 +110,8 @@ std::string MakeDictationFile(std::span<const SourceDictationLesson> lessons) {
         ini.Line(lesson_file::kTaskCountKey, std::to_wstring(lesson.dictations.size()));
         std::int16_t number = 0;
         for (const SourceText& dictation : lesson.dictations) {
-            ini.Line(PrintTaskKey(++number, Variant::Usa), DictationLabel(dictation.text));
-            ini.Line(SpellTaskKey(number, Variant::Usa), EncodeDictation(dictation.text));
+            ini.Line(modDictation::PrintTaskKey(++number), ReadBackLabel(dictation.text));
+            ini.Line(modDictation::SpellTaskKey(number), modDictation::EncodeText(dictation.text));
         }
     }
     return ini.Bytes();

@@ -18,10 +18,8 @@ inline constexpr wchar_t kNonEngExplanationKey[] = L"EXPLN_NONENG_CHILD_";
 /// A task's text as it is stored: key chords are parted as the task editor parts them.
 std::wstring StoredText(std::wstring_view kind, std::wstring_view sourceText);
 
-/// A dictation's text as it is stored, and its label as the file gives it back: without the final CR.
-std::wstring EncodeDictation(std::wstring_view text);
-std::wstring DecodeDictation(std::wstring_view stored);
-std::wstring DictationLabel(std::wstring_view text);
+/// A dictation's label as the file gives it back: without the final CR that the program writes.
+std::wstring ReadBackLabel(std::wstring_view text);
 
 /// The bytes of KSLessons.ini and KSDictations.ini.
 std::string MakeLessonFile(std::span<const SourceLesson> lessons);

@@ -7,6 +7,9 @@
 
 namespace modDictation {
 
+/// The section that counts the lessons of a dictation file.
+inline constexpr wchar_t kListSection[] = L"Dictations";
+
 /// A label is at most this many characters of the text's first line.
 inline constexpr std::size_t kLabelLength = 65;
 

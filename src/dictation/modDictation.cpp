@@ -18,7 +18,7 @@ using lesson_file::ReadText;
 
 namespace {
 
-lesson_file::File ListIn(const std::wstring& file) { return {file, L"Dictations"}; }
+lesson_file::File ListIn(const std::wstring& file) { return {file, kListSection}; }
 
 void AddTask(const profile::Section& section, win32::TreeView::Node lessonNode, std::int16_t lesson, std::int16_t task,
              win32::TreeView& tree) {

@@ -137,11 +137,12 @@ TEST(DataMakeDictations, TabsAndLineBreaksBecomeMarksAndTheFirstLineTheLabel) {
 }
 
 TEST(DataMakeDictations, ALabelHas65CharactersAtMost) {
-    EXPECT_EQ(DictationLabel(std::wstring(80, L'x')), std::wstring(65, L'x'));
-    EXPECT_EQ(DictationLabel(std::wstring(64, L'x') + L" y"), std::wstring(64, L'x'));
-    EXPECT_EQ(DictationLabel(std::wstring(65, L'x') + L"\r\ny"), std::wstring(65, L'x'));
-    EXPECT_EQ(DictationLabel(L"One\r\nTwo"), L"One");
-    EXPECT_EQ(DictationLabel(L"One"), L"One");
+    EXPECT_EQ(ReadBackLabel(std::wstring(80, L'x')), std::wstring(65, L'x'));
+    EXPECT_EQ(ReadBackLabel(std::wstring(64, L'x') + L" y"), std::wstring(64, L'x'));
+    EXPECT_EQ(ReadBackLabel(std::wstring(65, L'x') + L"\r\ny"), std::wstring(65, L'x'));
+    EXPECT_EQ(ReadBackLabel(L"One\r\nTwo"), L"One");
+    EXPECT_EQ(ReadBackLabel(L"One"), L"One");
+    EXPECT_EQ(ReadBackLabel(L"One \r\nTwo"), L"One");
 }
 
 TEST(DataSource, DictationsThatCannotBeUnderstoodAreTold) {
