@@ -89,7 +89,7 @@ public:
 
     /// The value of a key that has to be there.
     std::wstring Required(const std::wstring& key) {
-        const std::wstring value = Optional(key);
+        std::wstring value = Optional(key);
         if (section_ != nullptr && value.empty()) Tell(key + L" is missing or empty");
         return value;
     }
