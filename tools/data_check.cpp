@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <set>
 #include <string>
+#include <vector>
 
 #include "dictation/dictation_text.h"
 #include "shell/lesson_file.h"
@@ -16,8 +17,6 @@ namespace data_files {
 namespace {
 
 constexpr std::size_t kMaxDictations = 100;
-// The preferences are read through a buffer of this many bytes; what does not fit is not listed.
-constexpr std::size_t kPreferencesBytes = 4096;
 
 }  // namespace
 
@@ -52,11 +51,10 @@ Findings CheckDictations(const IniFile& file, std::size_t fewestLessons) {
 }
 
 Findings CheckPreferences(const IniFile& file) {
-    constexpr wchar_t kSection[] = L"UserPreferences";
     Findings findings;
-    SectionReader section(file, kSection, findings);
+    SectionReader section(file, kPreferencesSection, findings);
     Unique preferences(L"preference");
-    if (const IniSection* lines = file.Find(kSection); lines != nullptr) {
+    if (const IniSection* lines = file.Find(kPreferencesSection); lines != nullptr) {
         if (lines->lines.empty()) section.Tell(L"there is no preference");
         for (std::size_t i = 0; i < lines->lines.size(); ++i) {
             // A preference is known by its place; its key tells the place to whoever reads the file.
@@ -67,8 +65,18 @@ Findings CheckPreferences(const IniFile& file) {
         }
         section.TellSize(kPreferencesBytes);
     }
-    TellUnknownSections(file, {Heard(kSection)}, findings);
+    TellUnknownSections(file, {Heard(kPreferencesSection)}, findings);
     return findings;
+}
+
+Findings CheckListedPreferences(const IniFile& file, std::span<const std::wstring> lines) {
+    std::vector<std::wstring> stored;
+    if (const IniSection* section = file.Find(kPreferencesSection); section != nullptr)
+        for (const auto& line : section->lines) stored.push_back(line.key + L"=" + line.value);
+    if (std::equal(stored.begin(), stored.end(), lines.begin(), lines.end())) return {};
+    return {{file.name, kPreferencesSection,
+             L"the program reads " + std::to_wstring(lines.size()) + L" of " + std::to_wstring(stored.size()) +
+                 L" lines, or reads one otherwise"}};
 }
 
 Findings CheckGeneral(const IniFile& file) {

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <span>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -31,8 +32,29 @@ Findings CheckDictations(const IniFile& file, std::size_t fewestLessons);
 /// below `folder` in the findings.
 Findings CheckQuizzes(const IniFile& catalogue, std::span<const IniFile> quizFiles, std::wstring_view folder);
 
+/// A subject as the program lists it: topics by name, quizzes by title.
+struct ListedTopic {
+    std::wstring name;
+    std::vector<std::wstring> quizzes;
+};
+struct ListedSubject {
+    std::wstring name;
+    std::vector<ListedTopic> topics;
+};
+
+/// The subjects as the program lists them against what the files of CheckQuizzes hold.
+Findings CheckListedQuizzes(const IniFile& catalogue, std::span<const IniFile> quizFiles, std::wstring_view folder,
+                            std::span<const ListedSubject> listed);
+
+/// The section of the preferences, and the buffer that the program reads it through: what does not fit is not listed.
+inline constexpr wchar_t kPreferencesSection[] = L"UserPreferences";
+inline constexpr std::size_t kPreferencesBytes = 4096;
+
 /// The list of preferences.
 Findings CheckPreferences(const IniFile& file);
+
+/// The preferences as the program reads them, line by line, against what the file holds.
+Findings CheckListedPreferences(const IniFile& file, std::span<const std::wstring> lines);
 
 /// The texts of the main window and the dialogs.
 Findings CheckGeneral(const IniFile& file);

@@ -3,14 +3,17 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
 #include <fstream>
 #include <iterator>
 #include <optional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
+#include "academics/modAcademics.h"
 #include "lessons/modTyping.h"
 #include "shell/modGlobals.h"
 #include "tools/data_check.h"
@@ -154,6 +157,42 @@ std::vector<IniFile> CheckQuizTexts(const fs::path& folder, Findings& findings) 
     return files;
 }
 
+/// The subjects with their topics and quizzes, read as the two pickers are filled.
+std::vector<ListedSubject> ListSubjects(const std::wstring& catalogue) {
+    std::vector<std::wstring> names;
+    std::vector<std::int16_t> counts;
+    modAcademics::TopicTable topics;
+    modAcademics::LoadAcademics(catalogue, names, counts, topics);
+    std::vector<ListedSubject> subjects;
+    subjects.reserve(names.size());
+    for (std::size_t subject = 0; subject < names.size(); ++subject) {
+        subjects.push_back({names[subject], {}});
+        const std::wstring section = modAcademics::SectionKey(static_cast<std::int16_t>(subject + 1));
+        for (std::int16_t topic = 1; topic <= counts[subject]; ++topic) {
+            modAcademics::ParseAcademicSelection(section + modGlobals::gSep + modAcademics::TopicKey(topic));
+            ListedTopic listed{modAcademics::GetTopicName(catalogue, section, modAcademics::AcademicTopic), {}};
+            modAcademics::LoadQuizTitles(
+                modAcademics::GetQuizFileName(catalogue, section, modAcademics::AcademicFileKey), listed.name,
+                listed.quizzes);
+            subjects.back().topics.push_back(std::move(listed));
+        }
+    }
+    return subjects;
+}
+
+void CheckQuizFolder(const fs::path& folder, const IniFile& catalogue, Findings& findings) {
+    const std::vector<IniFile> files = CheckQuizTexts(folder, findings);
+    Append(findings, CheckQuizzes(catalogue, files, kQuizFolder));
+    const std::wstring kept = std::exchange(modGlobals::gQuizzesPath, PathOf(folder, kQuizFolder));
+    try {
+        const auto listed = ListSubjects(PathOf(folder, kQuizzes));
+        Append(findings, CheckListedQuizzes(catalogue, files, kQuizFolder, listed));
+    } catch (const win32::AppError& error) {
+        findings.push_back({catalogue.name, kWholeFile, L"the program cannot list it: " + error.Description()});
+    }
+    modGlobals::gQuizzesPath = kept;
+}
+
 /// The rules for what a file holds.
 void CheckContent(const fs::path& folder, const IniFile& file, Findings& findings) {
     if (file.name == kLessons || file.name == kTeachersLessons) {
@@ -162,9 +201,14 @@ void CheckContent(const fs::path& folder, const IniFile& file, Findings& finding
     }
     if (file.name == kDictations || file.name == kTeachersDictations)
         Append(findings, CheckDictations(file, file.name == kDictations ? 1 : 0));
-    if (file.name == kPreferences) Append(findings, CheckPreferences(file));
+    if (file.name == kPreferences) {
+        Append(findings, CheckPreferences(file));
+        Append(findings,
+               CheckListedPreferences(file, win32::profile::ReadLines(PathOf(folder, kPreferences), kPreferencesSection,
+                                                                      kPreferencesBytes)));
+    }
     if (file.name == kGeneral) Append(findings, CheckGeneral(file));
-    if (file.name == kQuizzes) Append(findings, CheckQuizzes(file, CheckQuizTexts(folder, findings), kQuizFolder));
+    if (file.name == kQuizzes) CheckQuizFolder(folder, file, findings);
 }
 
 }  // namespace

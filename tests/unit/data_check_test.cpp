@@ -564,6 +564,35 @@ TEST(DataCheckQuizzes, TwoTopicsThatShareASectionAreAFinding) {
                 ElementsAre("Q/Sums.ini: Sums: two topics or quizzes share this section"));
 }
 
+class DataCheckListedQuizzes : public ::testing::Test {
+protected:
+    [[nodiscard]] std::vector<std::string> Check() const {
+        const std::vector<IniFile> files{ParseIni(L"Q/More/Shapes.ini", kGoodShapes),
+                                         ParseIni(L"Q/Sums.ini", kGoodSums)};
+        return Lines(CheckListedQuizzes(ParseIni(L"Q/C.ini", kGoodCatalogue), files, L"Q", listed_));
+    }
+    std::vector<ListedSubject> listed_{{L"Math", {{L"Sums", {L"Small", L"Large"}}, {L"Shapes", {L"Small"}}}},
+                                       {L"Music", {{L"Notes", {L"Small"}}}}};
+};
+
+TEST_F(DataCheckListedQuizzes, WhatTheFilesHoldGivesNoFinding) { EXPECT_THAT(Check(), IsEmpty()); }
+
+TEST_F(DataCheckListedQuizzes, WhateverTheProgramListsOtherwiseIsAFinding) {
+    listed_[0].topics[0].quizzes[1] = L"not found";
+    listed_[0].topics[1].quizzes.clear();
+    listed_[1].name = L"not found";
+    EXPECT_THAT(Check(), ElementsAre("Q/Sums.ini: Sums02: the program lists \"not found\" for DefTitle",
+                                     "Q/More/Shapes.ini: Shapes: the program lists \"0\" for NbrOfQuizzes",
+                                     "Q/C.ini: SECTION_02: the program lists \"not found\" for SECTION_NAME"));
+}
+
+TEST_F(DataCheckListedQuizzes, AMissingSubjectOrTopicIsAFinding) {
+    listed_.pop_back();
+    listed_[0].topics.pop_back();
+    EXPECT_THAT(Check(), ElementsAre("Q/C.ini: Academics: the program lists \"1\" for NbrOfSections",
+                                     "Q/C.ini: SECTION_01: the program lists \"1\" for NbrOfTopics"));
+}
+
 // ---- preferences and texts ------------------------------------------------------------------------------------------
 
 constexpr std::string_view kGoodPreferences = "[UserPreferences]\r\nPREF_01=Speak slower\r\nPREF_02=Speak faster\r\n";
@@ -606,6 +635,18 @@ TEST(DataCheckPreferences, WhatDoesNotFitTheProgramsBufferIsAFinding) {
     // 20 lines of 8 + 196 bytes and a NUL, and one more NUL.
     EXPECT_THAT(PreferenceFindings(file), ElementsAre("P.ini: UserPreferences: takes 4101 bytes, more than 4096"));
     EXPECT_THAT(PreferenceFindings(With(file, "xxxxx\r\n", "\r\n")), IsEmpty());
+}
+
+TEST(DataCheckPreferences, WhatTheProgramReadsOtherwiseIsAFinding) {
+    const IniFile file = ParseIni(L"P.ini", kGoodPreferences);
+    std::vector<std::wstring> lines{L"PREF_01=Speak slower", L"PREF_02=Speak faster"};
+    EXPECT_THAT(Lines(CheckListedPreferences(file, lines)), IsEmpty());
+    lines[0] = L"PREF_01=Speak";
+    EXPECT_THAT(Lines(CheckListedPreferences(file, lines)),
+                ElementsAre("P.ini: UserPreferences: the program reads 2 of 2 lines, or reads one otherwise"));
+    lines.erase(lines.begin());
+    EXPECT_THAT(Lines(CheckListedPreferences(file, lines)),
+                ElementsAre("P.ini: UserPreferences: the program reads 1 of 2 lines, or reads one otherwise"));
 }
 
 constexpr std::string_view kGoodGeneral =

@@ -171,6 +171,26 @@ TEST_F(DataFolder, AQuizFileThatNoTopicNamesIsAFinding) {
     EXPECT_THAT(Check(), ElementsAre("QuizzesKS/More/Lost.ini: whole file: no topic names this file"));
 }
 
+TEST_F(DataFolder, QuizzesAreListedAsThePickersAreFilled) {
+    Change("QuizzesKS/KSQuizzes.ini", "FILE_NAME_01=Sums.ini", "FILE_NAME_01=..\\Sums.ini");
+    EXPECT_THAT(Check(), Contains("QuizzesKS/KSQuizzes.ini: whole file: the program cannot list it: File " +
+                                  (Folder() / "QuizzesKS\\..\\Sums.ini").string() + "not found."));
+    Change("QuizzesKS/KSQuizzes.ini", "FILE_NAME_01=..\\Sums.ini", "FILE_NAME_01=Sums.ini");
+    Change("QuizzesKS/Sums.ini", "[Sums01]", "[Sums1]");
+    EXPECT_THAT(Check(), Contains("QuizzesKS/Sums.ini: Sums01: the program lists \"not found\" for DefTitle"));
+}
+
+TEST_F(DataFolder, PreferencesAreReadAsTheListIsFilled) {
+    Change("KSUserPrefs.ini", "=Speak slower", " = Speak slower");
+    EXPECT_THAT(Check(),
+                Contains("KSUserPrefs.ini: UserPreferences: PREF_01 has blanks at an end, which would be dropped"));
+    std::string many = "[UserPreferences]\r\n";
+    for (int i = 10; i < 32; ++i) many += "PREF_" + std::to_string(i) + "=" + std::string(200, 'x') + "\r\n";
+    Write("KSUserPrefs.ini", many);
+    EXPECT_THAT(Check(),
+                Contains("KSUserPrefs.ini: UserPreferences: the program reads 19 of 22 lines, or reads one otherwise"));
+}
+
 TEST_F(DataFolder, LessonsAreListedAsEveryLearnerSeesThem) {
     Change("KSLessons.ini", "DefTitle=F\r\n",
            "DefTitle=F\r\nTitleMAG=Big F\r\nTitleEng=British F\r\nTitleNonEng=f\r\n");
