@@ -2,16 +2,11 @@
 #include "shell/ModMain.h"
 
 #include "shell/frmMain.h"
+#include "shell/running.h"
 #include "win32/message_box.h"
 #include "win32/process.h"
 
 namespace ModMain {
-
-namespace {
-
-constexpr wchar_t kRunningMutex[] = L"Local\\Keystride.Running";
-
-}  // namespace
 
 int Main() {
     const win32::SingleInstance instance(kRunningMutex);
