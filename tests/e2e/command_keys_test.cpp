@@ -106,6 +106,7 @@ TEST_F(CommandKeys, EachOfTheOtherDialogsOpensOnItsKey) {
                            Row{"Ctrl+Alt+Shift+F12", L"dlgStudentProfile", L"Student Profile", L"cmboBirthYear"}}) {
         EXPECT_EQ(OpenForm(row.chord, row.form, row.focus).Text(), row.title) << row.chord;
         ASSERT_NO_FATAL_FAILURE(CloseForm(row.form)) << row.chord;
+        EXPECT_TRUE(App().WaitForFocus(L"rtfEdit")) << row.chord;
     }
     for (const char* chord : {"Ctrl+F6", "Alt+F6", "Ctrl+Alt+Shift+F6", "Ctrl+Alt+U", "Ctrl+Alt+F11", "Ctrl+Shift+F12"})
         ASSERT_NO_FATAL_FAILURE(ExpectNothingHappens(chord));

@@ -750,7 +750,8 @@ TEST_F(Dictation, EditingShowsRealTabsAndLineBreaksAndTypingAddsToThem) {
     ASSERT_TRUE(App().WaitForText(kEntry, L"rtfEdit", L"Dear Sir,\r\n\tThank you.!"));
     ASSERT_TRUE(App().Press("Ctrl+A"));
     EXPECT_TRUE(WaitUntil([&] { return App().RichTextOf(kEntry, L"rtfEdit").Selection().second > 20; }));
-    EXPECT_FALSE(App().RichTextOf(kEntry, L"rtfEdit").ReadOnly());
+    EXPECT_TRUE(WaitUntil([&] { return !App().RichTextOf(kEntry, L"rtfEdit").ReadOnly(); }))
+        << "locked for a moment only";
     ASSERT_NO_FATAL_FAILURE(SaveEntry());
     ASSERT_NO_FATAL_FAILURE(Save());
     EXPECT_EQ(BytesWithoutLabelCr(), File({{"T", {{"Dear Sir,", "Dear Sir,\x07\x06Thank you.!"}}}}));

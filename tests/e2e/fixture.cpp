@@ -185,9 +185,11 @@ Window KeystrideTest::OpenForm(std::string_view chord, std::wstring_view form, s
 }
 
 void KeystrideTest::CloseForm(std::wstring_view form, std::string_view chord) {
+    const Window owner = App().Form(form).Owner();
     ASSERT_TRUE(App().Press(chord));
     ASSERT_TRUE(App().WaitForNoForm(form)) << chord << " does not close " << ToUtf8(form);
-    EXPECT_TRUE(App().WaitForFocus(L"rtfEdit"));
+    EXPECT_TRUE(WaitUntil([&] { return App().Active() == owner && App().Focus().Parent() == owner; }))
+        << "the focus is on " << ToUtf8(App().FocusName());
 }
 
 void KeystrideTest::ExpectErrorBox(std::wstring_view text) {

@@ -80,6 +80,7 @@ protected:
 
     /// Presses a key of the main window and waits until the form that it opens has the focus on that control.
     Window OpenForm(std::string_view chord, std::wstring_view form, std::wstring_view focus);
+    /// Closes it; the focus is then on a control of the form that opened it.
     void CloseForm(std::wstring_view form, std::string_view chord = "Esc");
     /// The error box that is open now says this; it is answered, and the focus is back in the typing area.
     void ExpectErrorBox(std::wstring_view text);
