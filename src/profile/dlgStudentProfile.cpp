@@ -35,9 +35,6 @@ constexpr int kInfoPadding = 120;
 // How many gaps between rows there are.
 constexpr int kGaps = 5;
 
-/// The instructions stand beside the short text, which takes the rest.
-int InstructionsWidth(int clientWidth) { return (clientWidth - 2 * kMargin) * 7 / 10 - kFieldGap; }
-
 }  // namespace
 
 dlgStudentProfile& dlgStudentProfile::Default() {
@@ -131,14 +128,14 @@ void dlgStudentProfile::OnLayout() {
     Extent needed;
     for (look.points = win32::kFontPoints;; --look.points) {
         look.gap = kSmallestGap;
-        look.introHeight = IntroHeight(look.points);
+        look.intro = FitIntro(look.points);
         needed = Arrange(look, nullptr);
         if (look.points == kSmallestFont || (needed.width <= client.width && needed.height <= client.height)) break;
     }
     const int spare = client.height - needed.height;
     look.gap = std::clamp(look.gap + spare / kGaps, kSmallestGap, kLargestGap);
     // No instructions are so long that they may push the answers out of the window.
-    look.introHeight = std::max(look.introHeight + std::min(spare, 0), TextTwips(L"A", look.points).height);
+    look.intro.height = std::max(look.intro.height + std::min(spare, 0), TextTwips(L"A", look.points).height);
     SetPoints(look.points);
     win32::Placer placer(*this);
     Arrange(look, &placer);
@@ -170,13 +167,13 @@ dlgStudentProfile::Extent dlgStudentProfile::Arrange(const Look& look, win32::Pl
     int top = kMargin;
 
     // What the window is for: the short text and, beside it, the instructions.
-    const int instructionsWidth = InstructionsWidth(client.width);
-    const int infoWidth = width - instructionsWidth - kFieldGap;
+    const auto& [infoWidth, introHeight] = look.intro;
+    const int instructionsLeft = kMargin + infoWidth + kFieldGap;
     if (placer != nullptr) {
-        placer->Put(rtfLessonTaskInfo, {kMargin, top, infoWidth, look.introHeight});
-        placer->Put(lblInstructions, {kMargin + infoWidth + kFieldGap, top, instructionsWidth, look.introHeight});
+        placer->Put(rtfLessonTaskInfo, {kMargin, top, infoWidth, introHeight});
+        placer->Put(lblInstructions, {instructionsLeft, top, width + kMargin - instructionsLeft, introHeight});
     }
-    top += look.introHeight + look.gap;
+    top += introHeight + look.gap;
 
     // The birthday's lists in one row.
     const int birthdayTop = TextTwips(L"A", points).height;
@@ -247,9 +244,21 @@ dlgStudentProfile::Extent dlgStudentProfile::Arrange(const Look& look, win32::Pl
             top + buttonHeight + kMargin};
 }
 
-int dlgStudentProfile::IntroHeight(int points) {
-    const int text = WrappedHeight(lblInstructions.Text(), InstructionsWidth(ClientTwips().width), points);
-    return std::max(text, 2 * TextTwips(L"A", points).height) + kInfoPadding;
+dlgStudentProfile::Intro dlgStudentProfile::FitIntro(int points) {
+    constexpr int kSmallestShare = 30;  // percent
+    constexpr int kLargestShare = 60;
+    constexpr int kStep = 5;
+    const int width = ClientTwips().width - 2 * kMargin;
+    const std::wstring info = rtfLessonTaskInfo.Text();
+    const std::wstring instructions = lblInstructions.Text();
+    Intro best{};
+    for (int share = kSmallestShare; share <= kLargestShare; share += kStep) {
+        const int infoWidth = width * share / 100;
+        const int infoHeight = WrappedHeight(info, infoWidth - 2 * kInfoPadding, points) + kInfoPadding;
+        const int height = std::max(WrappedHeight(instructions, width - infoWidth - kFieldGap, points), infoHeight);
+        if (best.height == 0 || height < best.height) best = {infoWidth, height};
+    }
+    return best;
 }
 
 int dlgStudentProfile::RowHeight(int points) { return TextTwips(L"A", points).height + win32::kBoxPadding; }

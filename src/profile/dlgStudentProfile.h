@@ -81,10 +81,15 @@ private:
         int width = 0;
         int height = 0;
     };
+    /// The row of the short text and the instructions, in twips.
+    struct Intro {
+        int infoWidth;
+        int height;
+    };
     struct Look {
         int points;
-        int gap;          // between two rows, twips
-        int introHeight;  // of the instructions, twips
+        int gap;  // between two rows, twips
+        Intro intro;
     };
 
     dlgStudentProfile();
@@ -104,7 +109,8 @@ private:
 
     /// Works out where everything goes and places it, when there is a placer; returns the room that it takes.
     Extent Arrange(const Look& look, win32::Placer* placer);
-    int IntroHeight(int points);
+    /// Shares the width between the two texts so that both are seen in the least height.
+    Intro FitIntro(int points);
     Extent GridExtent(const OptionGrid& grid, int points);
     std::vector<int> ColumnWidths(const OptionGrid& grid, int points);
     void PlaceGrid(win32::Placer& placer, const OptionGrid& grid, const win32::Box& box, int points);

@@ -1,4 +1,6 @@
 // The windows on a display of twice the usual resolution: same rules in twips, twice the pixels.
+#include <array>
+
 #include "checks.h"
 #include "fixture.h"
 
@@ -29,6 +31,34 @@ protected:
         CheckNothingOverlaps(dialog);
         CheckEverythingInside(dialog);
         CheckNothingClipped(dialog, 16, dpi);
+    }
+
+    /// The screens that must do, with a taskbar of 40 pixels at the usual resolution.
+    struct Screen {
+        int dpi;
+        int width;
+        int height;
+    };
+    static constexpr std::array<Screen, 3> kScreens{{{96, 1024, 768}, {144, 1366, 768}, {192, 1920, 1080}}};
+
+    /// The profile as large as it would be on that screen, its texts in a font of that size at least.
+    void ExpectProfileReadable(const Screen& screen, int points) {
+        Use(static_cast<DWORD>(screen.dpi));
+        ASSERT_NO_FATAL_FAILURE(StartUnsigned());
+        const Window profile = OpenForm("Ctrl+Alt+Shift+F12", L"dlgStudentProfile", L"cmboBirthYear");
+        const int margins = Pixels(600, screen.dpi);
+        SetWindowPos(profile.Handle(), nullptr, 0, 0, screen.width - margins,
+                     screen.height - margins - MulDiv(40, screen.dpi, 96),
+                     SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOSENDCHANGING);
+        CheckNothingOverlaps(profile);
+        CheckEverythingInside(profile);
+        CheckNothingClipped(profile, points, screen.dpi);
+        EXPECT_EQ(profile.Descendant(L"rtfLessonTaskInfo").Style() & WS_VSCROLL, 0U) << "the short text is seen whole";
+        // Wide enough for a name of some length in each box.
+        for (const wchar_t* box : {L"txtFood", L"txtFriend", L"txtAnimal", L"txtTVShow"})
+            EXPECT_GE(profile.Descendant(box).ClientSize().cx, Pixels(1400, screen.dpi)) << ToUtf8(box);
+        ASSERT_NO_FATAL_FAILURE(CloseForm(L"dlgStudentProfile"));
+        ASSERT_NO_FATAL_FAILURE(Leave());
     }
 
 private:
@@ -93,31 +123,13 @@ TEST_F(HighDpi, ListsAndLetterDialogsShowEverything) {
 }
 
 TEST_F(HighDpi, StudentProfileShowsEverythingOnEachScreenThatMustDo) {
-    struct Screen {
-        DWORD dpi;
-        int width;
-        int height;
-    };
-    constexpr int kPoints = 16;
-    for (const Screen& screen : {Screen{96, 1024, 768}, Screen{144, 1366, 768}, Screen{192, 1920, 1080}}) {
-        const int dpi = static_cast<int>(screen.dpi);
-        Use(screen.dpi);
-        StartUnsigned();
-        const Window profile = OpenForm("Ctrl+Alt+Shift+F12", L"dlgStudentProfile", L"cmboBirthYear");
-        // As large as the dialog is there: with a margin of 600 twips, above a taskbar of 40 pixels at 96 dpi.
-        const int margins = Pixels(600, dpi);
-        SetWindowPos(profile.Handle(), nullptr, 0, 0, screen.width - margins,
-                     screen.height - margins - MulDiv(40, dpi, 96),
-                     SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOSENDCHANGING);
-        CheckNothingOverlaps(profile);
-        CheckEverythingInside(profile);
-        CheckNothingClipped(profile, kPoints, dpi);
-        // Wide enough for a name of some length in each box.
-        for (const wchar_t* box : {L"txtFood", L"txtFriend", L"txtAnimal", L"txtTVShow"})
-            EXPECT_GE(profile.Descendant(box).ClientSize().cx, Pixels(1400, dpi)) << ToUtf8(box) << " at " << dpi;
-        ASSERT_NO_FATAL_FAILURE(CloseForm(L"dlgStudentProfile"));
-        ASSERT_NO_FATAL_FAILURE(Leave());
-    }
+    for (const Screen& screen : kScreens) ASSERT_NO_FATAL_FAILURE(ExpectProfileReadable(screen, 16)) << screen.dpi;
+}
+
+TEST_F(HighDpi, StudentProfileShowsItsShippedTextsOnThemToo) {
+    // They are long: on a small screen the dialog takes a smaller font rather than cut them.
+    WriteBytes(CommonFolder() / L"KSGeneral.ini", ReadBytes(SourceFolder() / L"data" / L"KSGeneral.ini"));
+    for (const Screen& screen : kScreens) ASSERT_NO_FATAL_FAILURE(ExpectProfileReadable(screen, 13)) << screen.dpi;
 }
 
 TEST_F(HighDpi, SmallestScreenShowsEverything) {
