@@ -2,30 +2,18 @@
 //
 // Argument: the path of keystride.exe. Every "@screenshot NAME" line waits for one line on the standard input.
 // The exit code is 0 only when everything came as it should.
-#include <cstdlib>
-#include <exception>
-#include <iostream>
 #include <stdexcept>
 #include <string>
 
 #include "driver/session.h"
+#include "driver/show.h"
 #include "driver/text.h"
 
 namespace {
 
-constexpr std::chrono::seconds kStartPatience{30};
-
-void Say(const std::string& text) { std::cout << text << std::endl; }
-
-void Expect(bool happened, const std::string& what) {
-    if (!happened) throw std::runtime_error(what);
-}
-
-void Screenshot(const std::string& name) {
-    Say("@screenshot " + name);
-    std::string answer;
-    std::getline(std::cin, answer);
-}
+using e2e::Expect;
+using e2e::Say;
+using e2e::Screenshot;
 
 void ExpectRequest(const e2e::Session& session, std::wstring_view request, const std::string& meaning) {
     Expect(session.WaitForRequest(request),
@@ -55,7 +43,7 @@ std::wstring WalkToFirstTask(const e2e::Session& session) {
 void Play(const std::string& program) {
     const e2e::Session session(e2e::ToWide(program));
     Say("Keystride starts.");
-    Expect(static_cast<bool>(session.WaitForForm(L"frmMain", kStartPatience)), "the main window does not open");
+    Expect(static_cast<bool>(session.WaitForForm(L"frmMain", e2e::kStartPatience)), "the main window does not open");
     Say("The main window is open: " + e2e::Readable(session.Text(L"frmMain", L"rtfLessonTaskInfo")));
     Expect(static_cast<bool>(session.WaitForForm(L"dlgLogin")), "the sign-on dialog does not open");
     Expect(session.WaitForFocus(L"txtLoginName"), "the sign-on dialog does not wait for a name");
@@ -98,16 +86,4 @@ void Play(const std::string& program) {
 
 }  // namespace
 
-int main(int count, char** arguments) {
-    if (count != 2) {
-        std::cerr << "usage: demo PATH-OF-KEYSTRIDE.EXE" << std::endl;
-        return EXIT_FAILURE;
-    }
-    try {
-        Play(arguments[1]);
-        return EXIT_SUCCESS;
-    } catch (const std::exception& problem) {
-        std::cerr << "The session failed: " << problem.what() << '.' << std::endl;
-        return EXIT_FAILURE;
-    }
-}
+int main(int count, char** arguments) { return e2e::PlaySession(count, arguments, Play); }
