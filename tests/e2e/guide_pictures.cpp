@@ -56,8 +56,9 @@ void ShowMainWindow(const Session& session, const Window& mainWindow) {
     Expect(session.WaitForNoForm(L"dlgLogin") && session.WaitForFocus(L"rtfEdit"), "the sign-on does not end");
     Screenshot("main-window", mainWindow);
     Press(session, "F11");
-    Expect(e2e::WaitUntil([&] { return session.Text(L"frmMain", L"cmdF3").find(L"Teacher's") != std::wstring::npos; }),
-           "F11 does not change the mode");
+    // The check mark comes last.
+    const Window mode = session.Control(L"frmMain", L"chkF11");
+    Expect(e2e::WaitUntil([&] { return mode.Send(BM_GETCHECK) == BST_CHECKED; }), "F11 does not change the mode");
     Screenshot("teachers-mode", mainWindow);
     Press(session, "F11");
 }
@@ -124,6 +125,32 @@ void ShowDictationText(const Session& session) {
     Leave(session, L"dlgDictation", L"rtfEdit");
 }
 
+void ShowQuizzes(const Session& session) {
+    Press(session, "F6");
+    ExpectForm(session, L"dlgAcademics", L"tvAcademics");
+    Press(session, "Enter");
+    const Window quizzes = ExpectForm(session, L"dlgQuizzes", L"lstQuizzes");
+    Screenshot("quiz-list", quizzes);
+    Leave(session, L"dlgQuizzes", L"rtfEdit");
+}
+
+void ShowPreferences(const Session& session) {
+    Press(session, "Ctrl+U");
+    const Window preferences = ExpectForm(session, L"dlgPreferences", L"lstPreferences");
+    Press(session, "Down");
+    Expect(e2e::WaitUntil([&] { return e2e::ReadList(preferences.Descendant(L"lstPreferences")).selected == 1; }),
+           "the second preference is not reached");
+    Screenshot("preferences", preferences);
+    Leave(session, L"dlgPreferences", L"rtfEdit");
+}
+
+void ShowStudentProfile(const Session& session) {
+    Press(session, "Ctrl+Alt+Shift+F12");
+    const Window profile = ExpectForm(session, L"dlgStudentProfile", L"cmboBirthYear");
+    Screenshot("student-profile", profile);
+    Leave(session, L"dlgStudentProfile", L"rtfEdit");
+}
+
 void Play(const std::string& program) {
     PrepareFolders();
     const Session session(e2e::ToWide(program));
@@ -132,6 +159,9 @@ void Play(const std::string& program) {
     ShowLessons(session);
     ShowLessonEditor(session);
     ShowDictationText(session);
+    ShowQuizzes(session);
+    ShowPreferences(session);
+    ShowStudentProfile(session);
     Press(session, "Alt+F4");
     Expect(session.Process().WaitForEnd(), "the program does not end");
 }

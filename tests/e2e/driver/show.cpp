@@ -29,6 +29,8 @@ void Expect(bool happened, const std::string& what) {
 void Screenshot(const std::string& name) { AskForScreenshot(name); }
 
 void Screenshot(const std::string& name, const Window& window) {
+    // Painting is what a program does last, after its focus has long been where it should be.
+    UpdateWindow(window.Handle());
     const RECT box = window.ScreenRect();
     AskForScreenshot(name + ' ' + std::to_string(box.right - box.left) + 'x' + std::to_string(box.bottom - box.top) +
                      '+' + std::to_string(box.left) + '+' + std::to_string(box.top));
