@@ -27,15 +27,7 @@ protected:
         WriteBytes(Lessons(), file);
         const std::wstring request = App().Request();
         ASSERT_TRUE(App().Press("F3"));
-        const auto box = App().WaitForBox();
-        ASSERT_TRUE(box);
-        EXPECT_EQ(box->text, text);
-        EXPECT_EQ(box->title, L"Keystride");
-        EXPECT_EQ(box->ButtonIds(), std::vector<int>{IDOK});
-        EXPECT_TRUE(box->HasStopIcon());
-        ASSERT_TRUE(box->Answer(IDOK));
-        ASSERT_TRUE(App().WaitForFocus(L"rtfEdit"));
-        EXPECT_EQ(OpenWindows(), std::vector<std::wstring>{L"frmMain"});
+        ASSERT_NO_FATAL_FAILURE(ExpectErrorBox(text));
         EXPECT_EQ(App().Request(), request);
         EXPECT_EQ(ReadBytes(Lessons()), file);
     }

@@ -240,15 +240,7 @@ TEST_F(LessonPicker, MissingLessonFileIsReportedAndNothingIsSent) {
     fs::remove(CommonFolder() / L"KSLessons.ini");
     StartUnsigned();
     ASSERT_TRUE(App().Press("F3"));
-    const auto box = App().WaitForBox();
-    ASSERT_TRUE(box);
-    EXPECT_EQ(box->text, L"File " + (CommonFolder() / L"KSLessons.ini").wstring() + L"not found.");
-    EXPECT_EQ(box->title, L"Keystride");
-    EXPECT_EQ(box->ButtonIds(), std::vector<int>{IDOK});
-    EXPECT_TRUE(box->HasStopIcon());
-    ASSERT_TRUE(box->Answer(IDOK));
-    EXPECT_TRUE(App().WaitForFocus(L"rtfEdit"));
-    EXPECT_EQ(OpenWindows(), std::vector<std::wstring>{L"frmMain"});
+    ASSERT_NO_FATAL_FAILURE(ExpectErrorBox(L"File " + (CommonFolder() / L"KSLessons.ini").wstring() + L"not found."));
     EXPECT_EQ(App().Request(), L"Signon\x05\x04");
     ASSERT_TRUE(OpenPicker("F7")) << "the other list still opens";
     EXPECT_EQ(Lessons().RootTexts().size(), TeachersLessons().size());
