@@ -15,6 +15,7 @@
 #include "shell/modGlobals.h"
 #include "unit/data_set.h"
 #include "unit/fixture.h"
+#include "unit/modal.h"
 #include "unit/seams.h"
 #include "unit/test_forms.h"
 #include "win32/clock.h"
@@ -24,22 +25,6 @@ namespace {
 
 using namespace modGlobals;
 using Texts = std::vector<std::wstring>;
-
-/// Something to do as soon as a modal dialog waits for messages.
-std::function<void()>& OnceOpen() {
-    static std::function<void()> action;
-    return action;
-}
-
-void CALLBACK RunOnceOpen(HWND /*window*/, UINT /*message*/, UINT_PTR id, DWORD /*time*/) {
-    KillTimer(nullptr, id);
-    OnceOpen()();
-}
-
-void Click(const win32::Control& control) {
-    SendMessageW(control.Owner().Handle(), WM_COMMAND, MAKEWPARAM(control.Id(), BN_CLICKED),
-                 reinterpret_cast<LPARAM>(control.Handle()));
-}
 
 /// Presses a key in a control by the way of the message loop.
 void PostKey(const win32::Control& control, int key) {
@@ -76,13 +61,6 @@ protected:
     static frmMain& Main() { return frmMain::Default(); }
     static std::wstring Request() { return Main().cmdAccessibility.Text(); }
     static std::wstring Typed() { return Main().rtfEdit.Text(); }
-
-    /// Shows a modal dialog and acts on it while it is open; whoever acts must close it.
-    static void During(const std::function<void()>& show, std::function<void()> act) {
-        OnceOpen() = std::move(act);
-        SetTimer(nullptr, 0, USER_TIMER_MINIMUM, &RunOnceOpen);
-        show();
-    }
 
 private:
     std::optional<win32::ActiveScope> active_;
