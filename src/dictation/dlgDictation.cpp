@@ -72,8 +72,8 @@ void dlgDictation::OnRemoveDictationClick() {
     if (win32::AskYesNoCancel(L"Are you sure you want to remove dictation lesson " + std::to_wstring(lesson) + L"?") !=
         win32::Answer::Yes)
         return;
-    std::vector<std::int16_t> cutLessons;
-    modDictation::RemoveLesson(lesson, &cutLessons);
-    modUtils::PutTeachersDictationsToNetwork();
-    RefillAfterRemoval(lesson, cutLessons);
+    Remove(lesson, [lesson](std::vector<std::int16_t>& cutLessons) {
+        modDictation::RemoveLesson(lesson, &cutLessons);
+        modUtils::PutTeachersDictationsToNetwork();
+    });
 }

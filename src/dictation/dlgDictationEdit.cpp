@@ -16,6 +16,7 @@ namespace {
 
 constexpr wchar_t kTitle[] = L"The title";
 constexpr wchar_t kItems[] = L"dictations";
+constexpr notices::RowNames kTexts{L"The text of dictation ", L"The texts of dictations "};
 
 /// What the list shows of a dictation: its label, or the start of its text where the label has nothing to read out. The
 /// CR that may end a label stays out: fonts draw a box for it.
@@ -92,9 +93,10 @@ void dlgDictationEdit::TakeTitle() {
 
 void dlgDictationEdit::OnEditDictationClick() {
     int result = win32::kResultCancelled;
+    const std::wstring title = gDictationTitle;
     dlgDictationDetails::Default().ShowFormEdit(mLessonNbr, result);
     if (result != win32::kResultOk) return;
-    titleCut_ = false;
+    titleCut_ = titleCut_ && gDictationTitle == title;
     TakeTitle();
 }
 
@@ -119,8 +121,10 @@ void dlgDictationEdit::OnEditTaskClick() {
     int result = win32::kResultCancelled;
     dlgDictationTask::Default().ShowFormEdit(mLessonNbr, number, gEditTaskText, result);
     if (result != win32::kResultOk) return;
-    const auto row = modDictation::WrittenRow(gEditDictationText, gEditTaskText);
+    auto row = modDictation::WrittenRow(gEditDictationText, gEditTaskText);
     if (!row) return;
+    // Saved as it was shown, the text still lacks its end.
+    row->textCut = mTasks[index].textCut && row->text == mTasks[index].text;
     mTasks.Replace(index, *row);
     RefillList();
     lstTasks.Select(line);
@@ -151,17 +155,17 @@ void dlgDictationEdit::RefillList() {
 }
 
 void dlgDictationEdit::UpdateNotice() {
-    std::vector<std::wstring> cut;
-    if (titleCut_) cut.emplace_back(kTitle);
-    std::vector<std::wstring> sentences{notices::ValueNotice(kTitle, gDictationTitle)};
+    std::vector<std::wstring_view> texts;
+    std::vector<std::size_t> cutTexts;
     for (std::size_t row = 0; row < mTasks.Count(); ++row) {
-        const std::wstring dictation = L"The text of dictation " + std::to_wstring(row + 1);
-        if (mTasks[row].textCut) cut.push_back(dictation);
-        sentences.push_back(notices::ValueNotice(dictation, mTasks[row].text));
+        texts.push_back(mTasks[row].text);
+        if (mTasks[row].textCut) cutTexts.push_back(row + 1);
     }
-    sentences.push_back(notices::CutValueNotice(cut));
-    sentences.push_back(notices::UnsavedNotice(kItems, mTasks.Count()));
-    sentences.push_back(notices::FullTableNotice(kItems, mTasks.IsFull()));
-    sentences.push_back(notices::LessonSizeNotice(modDictation::LessonBytes(gDictationTitle, mTasks)));
-    lblNotice.Say(notices::JoinNotices(sentences));
+    std::vector<notices::Subject> cut;
+    if (titleCut_) cut.push_back({kTitle});
+    if (!cutTexts.empty()) cut.push_back(notices::Numbered(kTexts, cutTexts));
+    lblNotice.Say(notices::JoinNotices(
+        {notices::ValueNotice(kTitle, gDictationTitle), notices::RowNotice(kTexts, texts), notices::CutValueNotice(cut),
+         notices::UnsavedNotice(kItems, mTasks.Count()), notices::FullTableNotice(kItems, mTasks.IsFull()),
+         notices::LessonSizeNotice(modDictation::LessonBytes(gDictationTitle, mTasks))}));
 }

@@ -19,6 +19,17 @@ namespace {
 
 constexpr wchar_t kTitle[] = L"The title";
 constexpr wchar_t kIntro[] = L"The introduction";
+constexpr wchar_t kItems[] = L"tasks";
+constexpr notices::RowNames kTexts{L"The text of task ", L"The texts of tasks "};
+constexpr notices::RowNames kExplanations{L"The explanation of task ", L"The explanations of tasks "};
+
+/// Tasks that the list of texts cannot show.
+std::wstring UnlistedNotice(const std::vector<std::size_t>& tasks) {
+    if (tasks.empty()) return {};
+    const notices::Subject subject = notices::Numbered({L"Task ", L"Tasks "}, tasks);
+    return subject.name + (subject.isMany ? L" have no text: they are saved" : L" has no text: it is saved") +
+           L", but not listed.";
+}
 
 }  // namespace
 
@@ -144,8 +155,11 @@ void dlgLessonEdit::OnDeleteTaskClick() {
 }
 
 void dlgLessonEdit::OnEditLessonClick() {
+    const std::wstring title = gLessonTitle;
+    const std::wstring intro = gLessonIntro;
     if (!ShowDetails()) return;
-    cut_ = {};
+    // Saved as they were shown, they still lack their end.
+    cut_ = {cut_.title && gLessonTitle == title, cut_.intro && gLessonIntro == intro};
     ShowTitle();
     UpdateNotice();
 }
@@ -173,26 +187,29 @@ void dlgLessonEdit::UpdateTaskButtons() {
 }
 
 void dlgLessonEdit::UpdateNotice() {
-    std::vector<std::wstring> cut;
-    if (cut_.title) cut.emplace_back(kTitle);
-    if (cut_.intro) cut.emplace_back(kIntro);
-    std::vector<std::wstring> sentences{notices::ValueNotice(kTitle, gLessonTitle),
-                                        notices::ValueNotice(kIntro, gLessonIntro)};
+    std::vector<std::wstring_view> texts;
+    std::vector<std::wstring_view> explanations;
+    std::vector<std::size_t> cutTexts;
+    std::vector<std::size_t> cutExplanations;
+    std::vector<std::size_t> unlisted;
     for (std::size_t row = 0; row < tasks_.Count(); ++row) {
         const modTyping::TaskRow& task = tasks_[row];
-        const std::wstring text = L"The text of task " + std::to_wstring(row + 1);
-        const std::wstring explanation = L"The explanation of task " + std::to_wstring(row + 1);
-        if (task.textCut) cut.push_back(text);
-        if (task.explanationCut) cut.push_back(explanation);
-        sentences.push_back(notices::ValueNotice(text, task.text));
-        sentences.push_back(notices::ValueNotice(explanation, task.explanation));
-        if (std::find(lineRows_.begin(), lineRows_.end(), row) == lineRows_.end())
-            sentences.push_back(L"Task " + std::to_wstring(row + 1) + L" has no text: it is saved, but not listed.");
+        texts.push_back(task.text);
+        explanations.push_back(task.explanation);
+        if (task.textCut) cutTexts.push_back(row + 1);
+        if (task.explanationCut) cutExplanations.push_back(row + 1);
+        if (std::find(lineRows_.begin(), lineRows_.end(), row) == lineRows_.end()) unlisted.push_back(row + 1);
     }
-    sentences.push_back(notices::CutValueNotice(cut));
-    sentences.push_back(notices::UnsavedNotice(L"tasks", tasks_.Count()));
-    sentences.push_back(notices::FullTableNotice(L"tasks", tasks_.IsFull()));
-    sentences.push_back(notices::LessonSizeNotice(
-        modTyping::LessonBytes(gLessonTitle, gLessonIntro, gTaskTerminator, gTaskReps, tasks_)));
-    lblNotice.Say(notices::JoinNotices(sentences));
+    std::vector<notices::Subject> cut;
+    if (cut_.title) cut.push_back({kTitle});
+    if (cut_.intro) cut.push_back({kIntro});
+    if (!cutTexts.empty()) cut.push_back(notices::Numbered(kTexts, cutTexts));
+    if (!cutExplanations.empty()) cut.push_back(notices::Numbered(kExplanations, cutExplanations));
+    lblNotice.Say(notices::JoinNotices({notices::ValueNotice(kTitle, gLessonTitle),
+                                        notices::ValueNotice(kIntro, gLessonIntro), notices::RowNotice(kTexts, texts),
+                                        notices::RowNotice(kExplanations, explanations), UnlistedNotice(unlisted),
+                                        notices::CutValueNotice(cut), notices::UnsavedNotice(kItems, tasks_.Count()),
+                                        notices::FullTableNotice(kItems, tasks_.IsFull()),
+                                        notices::LessonSizeNotice(modTyping::LessonBytes(
+                                            gLessonTitle, gLessonIntro, gTaskTerminator, gTaskReps, tasks_))}));
 }

@@ -79,8 +79,8 @@ void dlgTyping::OnRemoveLessonClick() {
     if (win32::AskYesNoCancel(L"Are you sure you want to remove the lesson" + tvTasks.Text(tvTasks.Selected()) +
                               L"?") != win32::Answer::Yes)
         return;
-    std::vector<std::int16_t> cutLessons;
-    modTyping::SaveNewLesson(lesson, &cutLessons);
-    modUtils::PutTeachersLessonsToNetwork();
-    RefillAfterRemoval(lesson, cutLessons);
+    Remove(lesson, [lesson](std::vector<std::int16_t>& cutLessons) {
+        modTyping::SaveNewLesson(lesson, &cutLessons);
+        modUtils::PutTeachersLessonsToNetwork();
+    });
 }

@@ -35,7 +35,12 @@ bool TaskTable::Append(std::wstring kind, std::wstring text, std::wstring explan
 }
 
 void TaskTable::Replace(std::size_t row, std::wstring kind, std::wstring text, std::wstring explanation) {
-    RowTable::Replace(row, WrittenNow(std::move(kind), std::move(text), std::move(explanation)));
+    const TaskRow& before = (*this)[row];
+    TaskRow written = WrittenNow(std::move(kind), std::move(text), std::move(explanation));
+    // Saved as they were shown, they still lack their end.
+    written.textCut = before.textCut && written.text == before.text;
+    written.explanationCut = before.explanationCut && written.explanation == before.explanation;
+    RowTable::Replace(row, std::move(written));
 }
 
 std::vector<std::size_t> TaskTable::RowsWithText() const {

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "shell/lesson_file.h"
+#include "shell/notices.h"
 #include "shell/tree_selection.h"
 
 namespace {
@@ -11,10 +12,8 @@ namespace {
 /// What the notice line says when lessons lost their end on moving.
 std::wstring CutNotice(const std::vector<std::int16_t>& lessons, const std::wstring& backup) {
     if (lessons.empty()) return {};
-    std::wstring numbers;
-    for (const std::int16_t lesson : lessons) numbers += (numbers.empty() ? L"" : L", ") + std::to_wstring(lesson);
-    return (lessons.size() == 1 ? L"Lesson " : L"Lessons ") + numbers + L" lost the end beyond 4000 bytes. " + backup +
-           L" holds the file as it was.";
+    return notices::Numbered({L"Lesson ", L"Lessons "}, {lessons.begin(), lessons.end()}).name +
+           L" lost the end beyond 4000 bytes. " + backup + L" holds the file as it was.";
 }
 
 }  // namespace
@@ -45,13 +44,26 @@ bool LessonPicker::TakeSelection() {
 }
 
 void LessonPicker::Refill(std::int16_t lesson) {
+    // What it says of the backup holds until the file is written again.
+    lblNotice.Say({});
     tvTasks.Clear();
     const std::int16_t nearest = std::min(lesson, LoadTeachersList());
     if (nearest > 0) tvTasks.Select(tvTasks.FindKey(lesson_file::SectionName(nearest)));
     tvTasks.Focus();
 }
 
-void LessonPicker::RefillAfterRemoval(std::int16_t lesson, const std::vector<std::int16_t>& cutLessons) {
-    Refill(lesson);
-    lblNotice.Say(CutNotice(cutLessons, texts_.backup));
+void LessonPicker::Remove(std::int16_t lesson, const std::function<void(std::vector<std::int16_t>&)>& remove) {
+    std::vector<std::int16_t> cutLessons;
+    const auto show = [&] {
+        Refill(lesson);
+        lblNotice.Say(CutNotice(cutLessons, texts_.backup));
+    };
+    try {
+        remove(cutLessons);
+    } catch (...) {
+        // Some lessons may have moved: from the list as it was, another try would remove the wrong one.
+        show();
+        throw;
+    }
+    show();
 }

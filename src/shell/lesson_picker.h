@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -45,8 +46,9 @@ protected:
     bool TakeSelection();
     /// Fills the tree again, selects `lesson` or its nearest neighbour, and gives the tree the focus.
     void Refill(std::int16_t lesson);
-    /// The same after a removal; says which later lessons lost their end on moving.
-    void RefillAfterRemoval(std::int16_t lesson, const std::vector<std::int16_t>& cutLessons);
+    /// Runs `remove`, which adds the lessons that lost their end on moving; fills the tree again, also when the system
+    /// refuses half-way, and says which lessons were cut.
+    void Remove(std::int16_t lesson, const std::function<void(std::vector<std::int16_t>&)>& remove);
 
 private:
     Texts texts_;

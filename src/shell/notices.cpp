@@ -8,25 +8,88 @@
 
 namespace notices {
 
-std::wstring ValueNotice(std::wstring_view what, std::wstring_view value) {
-    const std::wstring subject(what);
-    if (win32::AnsiLength(value) > win32::profile::kMaxValueBytes)
-        return subject + L" is too long: only its first 254 characters are read back.";
-    if (!win32::FitsAnsi(value)) return subject + L" has characters that the file cannot keep.";
-    if (win32::IsQuoted(win32::TrimBlanks(value)))
-        return subject + L" stands in quotation marks, and these are not read back.";
+namespace {
+
+/// What the file does not keep of a value.
+enum class Loss { None, End, Characters, Marks };
+
+Loss LossOf(std::wstring_view value) {
+    if (win32::AnsiLength(value) > win32::profile::kMaxValueBytes) return Loss::End;
+    if (!win32::FitsAnsi(value)) return Loss::Characters;
+    if (win32::IsQuoted(win32::TrimBlanks(value))) return Loss::Marks;
+    return Loss::None;
+}
+
+std::wstring JoinNames(const std::vector<std::wstring>& names) {
+    std::wstring joined;
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        if (i > 0) joined += i + 1 == names.size() ? L" and " : L", ";
+        joined += names[i];
+    }
+    return joined;
+}
+
+std::wstring Sentence(const Subject& subject, Loss loss) {
+    const bool many = subject.isMany;
+    switch (loss) {
+        case Loss::End:
+            return subject.name + (many ? L" are too long: of each" : L" is too long:") +
+                   L" only its first 254 characters are read back.";
+        case Loss::Characters:
+            return subject.name + (many ? L" have" : L" has") + L" characters that the file cannot keep.";
+        case Loss::Marks:
+            return subject.name + (many ? L" stand" : L" stands") +
+                   L" in quotation marks, and these are not read back.";
+        case Loss::None:
+            break;
+    }
     return {};
 }
 
-std::wstring CutValueNotice(const std::vector<std::wstring>& cut) {
-    if (cut.empty()) return {};
-    std::wstring names = cut.front();
-    for (std::size_t i = 1; i < cut.size(); ++i) {
-        std::wstring name = cut[i];
-        name.front() = L't';  // each begins with "The"
-        names += (i + 1 == cut.size() ? L" and " : L", ") + name;
+}  // namespace
+
+std::wstring ValueNotice(std::wstring_view what, std::wstring_view value) {
+    return Sentence({std::wstring(what)}, LossOf(value));
+}
+
+std::wstring RowNotice(const RowNames& names, const std::vector<std::wstring_view>& values) {
+    std::vector<std::wstring> sentences;
+    for (const Loss loss : {Loss::End, Loss::Characters, Loss::Marks}) {
+        std::vector<std::size_t> numbers;
+        for (std::size_t row = 0; row < values.size(); ++row)
+            if (LossOf(values[row]) == loss) numbers.push_back(row + 1);
+        if (!numbers.empty()) sentences.push_back(Sentence(Numbered(names, numbers), loss));
     }
-    return names + (cut.size() == 1 ? L" was" : L" were") +
+    return JoinNotices(sentences);
+}
+
+std::wstring NumberList(const std::vector<std::size_t>& numbers) {
+    std::vector<std::wstring> parts;
+    for (std::size_t i = 0; i < numbers.size(); ++i) {
+        std::size_t last = i;
+        while (last + 1 < numbers.size() && numbers[last + 1] == numbers[last] + 1) ++last;
+        parts.push_back(std::to_wstring(numbers[i]));
+        if (last < i + 2) continue;
+        parts.back() += L" to " + std::to_wstring(numbers[last]);
+        i = last;
+    }
+    return JoinNames(parts);
+}
+
+Subject Numbered(const RowNames& names, const std::vector<std::size_t>& numbers) {
+    const bool isMany = numbers.size() > 1;
+    return {(isMany ? names.many : names.one) + NumberList(numbers), isMany};
+}
+
+std::wstring CutValueNotice(const std::vector<Subject>& cut) {
+    if (cut.empty()) return {};
+    std::vector<std::wstring> names;
+    for (const Subject& subject : cut) {
+        names.push_back(subject.name);
+        if (names.size() > 1) names.back().front() = L't';  // each begins with "The"
+    }
+    const bool isMany = cut.size() > 1 || cut.front().isMany;
+    return JoinNames(names) + (isMany ? L" were" : L" was") +
            L" stored too long: only the first 254 characters were read, and no more can be saved.";
 }
 

@@ -11,8 +11,30 @@ namespace notices {
 /// What the file will not keep of a value, in one sentence that begins with `what` ("The title"); "" when it keeps all.
 std::wstring ValueNotice(std::wstring_view what, std::wstring_view value);
 
+/// How one of an editor's numbered texts is called, and several: "The text of task ", "The texts of tasks ".
+struct RowNames {
+    const wchar_t* one;
+    const wchar_t* many;
+};
+
+/// The same for the texts of a table, from number 1 on: one sentence for all that lose the same, so that a lesson of
+/// long texts does not fill the window.
+std::wstring RowNotice(const RowNames& names, const std::vector<std::wstring_view>& values);
+
+/// What a notice is about: one text, or several that share a name.
+struct Subject {
+    std::wstring name;
+    bool isMany = false;
+};
+
+/// What has these numbers, for one sentence: "The texts of tasks 1 to 4 and 9".
+Subject Numbered(const RowNames& names, const std::vector<std::size_t>& numbers);
+
 /// What was already lost on loading, in one sentence; "" when nothing was.
-std::wstring CutValueNotice(const std::vector<std::wstring>& cut);
+std::wstring CutValueNotice(const std::vector<Subject>& cut);
+
+/// Numbers as they are read out: "1, 2 and 5", "1 to 4 and 9".
+std::wstring NumberList(const std::vector<std::size_t>& numbers);
 
 /// Says that a lesson of so many bytes would lose its end; "" while it would not.
 std::wstring LessonSizeNotice(std::size_t bytes);

@@ -48,7 +48,7 @@ Dialog::Dialog(const wchar_t* name, int templateId, DialogStyle style)
 int Dialog::ShowModal() {
     const HWND owner = GetWindow(Handle(), GW_OWNER);
     const HWND formerFocus = GetFocus();
-    result_ = kResultCancelled;
+    mResult = kResultCancelled;
     open_ = true;
     {
         const ActiveScope active(*this);
@@ -63,11 +63,11 @@ int Dialog::ShowModal() {
     if (owner != nullptr) EnableWindow(owner, TRUE);
     Unload();
     if (formerFocus != nullptr && IsWindow(formerFocus) != FALSE) SetFocus(formerFocus);
-    return result_;
+    return mResult;
 }
 
 void Dialog::Close(int result) {
-    result_ = result;
+    mResult = result;
     open_ = false;
 }
 

@@ -100,7 +100,7 @@ private:
     std::vector<std::pair<const Control*, Box>> MeasureLines(const std::vector<Control*>& lines, int top);
 
     DialogStyle style_;
-    int result_ = kResultCancelled;
+    int mResult = kResultCancelled;
     bool open_ = false;
 };
 

@@ -23,6 +23,11 @@ std::wstring SystemMessage(DWORD code) {
     return message.empty() ? L"System error " + std::to_wstring(code) + L"." : message;
 }
 
+AppError FileError(std::wstring source, std::wstring_view path, const wchar_t* what, std::uint32_t systemError) {
+    return {HRESULT_FROM_WIN32(systemError), std::move(source),
+            L"File " + std::wstring(path) + what + SystemMessage(systemError)};
+}
+
 }  // namespace
 
 AppError::AppError(std::int32_t number, std::wstring source, std::wstring description)
@@ -45,8 +50,11 @@ void ThrowLastError(const char* call) {
 }
 
 AppError WriteError(std::wstring source, std::wstring_view path, std::uint32_t systemError) {
-    return {HRESULT_FROM_WIN32(systemError), std::move(source),
-            L"File " + std::wstring(path) + L" could not be written. " + SystemMessage(systemError)};
+    return FileError(std::move(source), path, L" could not be written. ", systemError);
+}
+
+AppError ReadError(std::wstring source, std::wstring_view path, std::uint32_t systemError) {
+    return FileError(std::move(source), path, L" could not be read. ", systemError);
 }
 
 std::wstring DescribeError(const std::exception& error) {

@@ -44,6 +44,9 @@ std::int16_t ToInt16(std::int64_t value);
 /// reason.
 AppError WriteError(std::wstring source, std::wstring_view path, std::uint32_t systemError);
 
+/// A file that is there but that the system would not let the program read, in the same form.
+AppError ReadError(std::wstring source, std::wstring_view path, std::uint32_t systemError);
+
 /// The text that the error report shows for an exception.
 std::wstring DescribeError(const std::exception& error);
 

@@ -17,10 +17,14 @@ namespace win32::files {
 
 namespace {
 
+UniqueHandle<HANDLE, &CloseHandle> OpenToRead(const std::wstring& path) {
+    return UniqueHandle<HANDLE, &CloseHandle>(CreateFileW(path.c_str(), GENERIC_READ,
+                                                          FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                                                          nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+}
+
 std::string ReadBytes(const std::wstring& path, bool& read) {
-    const UniqueHandle<HANDLE, &CloseHandle> file(CreateFileW(path.c_str(), GENERIC_READ,
-                                                              FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
-                                                              nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+    const auto file = OpenToRead(path);
     read = file.Get() != INVALID_HANDLE_VALUE;
     std::string bytes;
     if (!read) return bytes;
@@ -46,6 +50,11 @@ bool IsFolder(const std::wstring& path) {
 bool IsFile(const std::wstring& path) {
     const DWORD attributes = GetFileAttributesW(path.c_str());
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
+}
+
+void RequireReadable(const std::wstring& path, std::wstring_view source) {
+    const auto file = OpenToRead(path);
+    if (file.Get() == INVALID_HANDLE_VALUE) throw ReadError(std::wstring(source), path, GetLastError());
 }
 
 void CreateFolder(const std::wstring& path) {

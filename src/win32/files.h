@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 namespace win32::files {
 
@@ -9,6 +10,9 @@ namespace win32::files {
 bool IsFolder(const std::wstring& path);
 /// Whether the path's attributes can be read and name no folder; any error gives false.
 bool IsFile(const std::wstring& path);
+
+/// Raises the system's reason under `source` when a file cannot be opened for reading.
+void RequireReadable(const std::wstring& path, std::wstring_view source);
 
 /// Makes one folder level; one that exists already is no error. Raises std::system_error when it cannot be made.
 void CreateFolder(const std::wstring& path);

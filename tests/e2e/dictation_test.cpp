@@ -296,11 +296,39 @@ TEST_F(Dictation, EveryWayOutOfTheListSendsNothing) {
 TEST_F(Dictation, ControlEscAndAltEscDoNotCloseTheList) {
     StartUnsigned();
     ASSERT_NO_FATAL_FAILURE(OpenList("F4"));
-    ASSERT_TRUE(App().Press("Ctrl+Esc"));
-    ASSERT_TRUE(App().Press("Ctrl+A"));
+    for (const char* key : {"Ctrl+Esc", "Alt+Esc", "Ctrl+A"}) ASSERT_TRUE(App().Press(key)) << key;
     ASSERT_TRUE(App().Press("Tab"));
     ASSERT_TRUE(App().WaitForFocus(L"OKButton"));
     EXPECT_TRUE(App().Form(kPicker));
+}
+
+TEST_F(Dictation, ControlEscLeavesTheEditorOpenAndClosesTheTitle) {
+    StartOn({"T", {Same("one")}});
+    ASSERT_TRUE(App().Press("Ctrl+Esc"));
+    ASSERT_TRUE(App().Press("Tab"));
+    ASSERT_TRUE(App().WaitForFocus(L"cmdCreateTask"));
+    ASSERT_TRUE(App().Form(kEditor));
+    Click(kEditor, L"cmdEditDictation");
+    ASSERT_TRUE(App().WaitForFocus(L"txtLessonTitle"));
+    ASSERT_TRUE(App().Press("Ctrl+Esc"));
+    EXPECT_TRUE(App().WaitForNoForm(kDetails));
+    EXPECT_TRUE(App().Form(kEditor));
+}
+
+TEST_F(Dictation, ControlASelectsTheTitleAndControlShiftADoesNot) {
+    StartOn({"A long title", {}});
+    Click(kEditor, L"cmdEditDictation");
+    ASSERT_TRUE(App().WaitForFocus(L"txtLessonTitle"));
+    const auto replaced = [&](const char* key) {
+        SetTextOf(kDetails, L"txtLessonTitle", L"A long title");
+        EXPECT_TRUE(App().Press("End"));
+        EXPECT_TRUE(App().Press(key));
+        EXPECT_TRUE(App().Type(L"x"));
+        WaitUntil([&] { return App().Text(kDetails, L"txtLessonTitle").ends_with(L"x"); });
+        return App().Text(kDetails, L"txtLessonTitle") == L"x";
+    };
+    EXPECT_FALSE(replaced("Ctrl+Shift+A"));
+    EXPECT_TRUE(replaced("Ctrl+A"));
 }
 
 TEST_F(Dictation, EmptyCatalogueIsToldByOkEditAndRemove) {
@@ -380,6 +408,54 @@ TEST_F(Dictation, RemovalThatCutALaterLessonIsTold) {
         ExpectBox(L"Are you sure you want to remove dictation lesson 1?", kPicker, {IDYES, IDNO, IDCANCEL}, IDYES));
     EXPECT_TRUE(WaitForNotice(
         kPicker, L"Lesson 2 lost the end beyond 4000 bytes. TeachersDictations.bak holds the file as it was."));
+    // The next save puts another file there.
+    ASSERT_NO_FATAL_FAILURE(OpenLesson(1));
+    ASSERT_NO_FATAL_FAILURE(Save());
+    EXPECT_TRUE(WaitForNotice(kPicker, L""));
+}
+
+TEST_F(Dictation, RefusedRemovalShowsWhatTheFileHolds) {
+    StartInTeachersList();
+    ASSERT_NO_FATAL_FAILURE(SelectLesson(2));
+    // Somebody else has changed the file: at the second try the lesson that is shown must be the one that goes.
+    const std::vector<StoredLesson> changed{{"Numbers", {Same("1")}}, {"Names", {Same("Ann")}}};
+    WriteTeachers(changed);
+    {
+        const HeldFile held(TeachersFile());
+        ASSERT_TRUE(held.Held());
+        Click(kPicker, L"cmdRemoveDictation");
+        ASSERT_NO_FATAL_FAILURE(
+            ExpectBox(L"Are you sure you want to remove dictation lesson 2?", kPicker, {IDYES, IDNO, IDCANCEL}, IDYES));
+        const auto box = App().WaitForBox();
+        ASSERT_TRUE(box) << "a refused removal is told";
+        ASSERT_TRUE(box->Answer(IDOK));
+    }
+    EXPECT_TRUE(WaitForSelectedLesson(L"Names"));
+    EXPECT_EQ(Lessons().RootTexts(), (std::vector<std::wstring>{L"Numbers", L"Names"}));
+    EXPECT_TRUE(App().WaitForFocus(L"tvTasks") || App().WaitForFocus(L"cmdRemoveDictation"));
+    EXPECT_EQ(Bytes(), File(changed));
+}
+
+TEST_F(Dictation, LessonOfAFileThatCannotBeReadDoesNotOpen) {
+    StartInTeachersList();
+    const std::string before = Bytes();
+    ASSERT_NO_FATAL_FAILURE(SelectLesson(2));
+    {
+        const HeldFile held(TeachersFile(), false);
+        ASSERT_TRUE(held.Held());
+        for (const wchar_t* button : {L"cmdEditDictation", L"cmdAddDictation"}) {
+            Click(kPicker, button);
+            const auto box = App().WaitForBox();
+            ASSERT_TRUE(box) << "an empty editor would lose the lesson on saving";
+            EXPECT_TRUE(box->text.starts_with(L"File " + TeachersFile().wstring() + L" could not be read. "));
+            EXPECT_EQ(box->owner, App().Form(kPicker));
+            ASSERT_TRUE(box->Answer(IDOK));
+            EXPECT_FALSE(App().Form(kEditor));
+        }
+    }
+    EXPECT_EQ(Bytes(), before);
+    ASSERT_NO_FATAL_FAILURE(OpenLesson(2));
+    EXPECT_EQ(Lines(), std::vector<std::wstring>{L"apples"});
 }
 
 TEST_F(Dictation, CountsThatDoNotFitAreToldAndLargeOnesAreListed) {
@@ -634,6 +710,32 @@ TEST_F(Dictation, TextsThatWereCutOnLoadingAreTold) {
         L"more can be saved."));
 }
 
+TEST_F(Dictation, TextsThatWereCutAreToldUntilTheyAreChanged) {
+    StartOn({"T", {{"x", std::string(255, 'x')}}});
+    const std::wstring told =
+        L"The text of dictation 1 was stored too long: only the first 254 characters were read, and no more can be "
+        L"saved.";
+    ASSERT_NO_FATAL_FAILURE(OpenEntry(L"cmdEditTask"));
+    ASSERT_NO_FATAL_FAILURE(SaveEntry());
+    EXPECT_TRUE(WaitForNotice(kEditor, told)) << "what was saved is what was shown";
+    ASSERT_NO_FATAL_FAILURE(OpenEntry(L"cmdEditTask"));
+    SetTextOf(kEntry, L"rtfEdit", L"short");
+    ASSERT_NO_FATAL_FAILURE(SaveEntry());
+    EXPECT_TRUE(WaitForNotice(kEditor, L""));
+}
+
+TEST_F(Dictation, ManyTextsThatWereCutLeaveRoomForTheListAndTheButtons) {
+    StartOn({"T", std::vector<StoredDictation>(90, {"x", std::string(255, 'x')})});
+    const std::wstring said = Notice(kEditor);
+    EXPECT_TRUE(
+        said.starts_with(L"The texts of dictations 1 to 90 were stored too long: only the first 254 characters "
+                         L"were read, and no more can be saved."))
+        << ToUtf8(said);
+    ExpectEverythingReadable(App().Form(kEditor), 96);
+    const RECT list = In(kEditor, L"lstTasks").ScreenRect();
+    EXPECT_GT(list.bottom - list.top, 300);
+}
+
 TEST_F(Dictation, TitleThatIsTooLongIsToldWhileItIsTyped) {
     StartOn({"T", {}});
     Click(kEditor, L"cmdEditDictation");
@@ -864,7 +966,7 @@ TEST_F(Dictation, WindowsKeepTheirPlaceAtTwiceTheResolutionAndShowAllOnANarrowSc
             CheckNothingClipped(App().Form(form), 16, dpi);
             if (dpi == kNarrowDpi) CheckEverythingInside(App().Form(form));
         };
-        WriteTeachers({{"A longer title", {Same("one"), {"x", std::string(255, 'x')}}}});
+        WriteTeachers({{"A longer title", std::vector<StoredDictation>(90, {"x", std::string(255, 'x')})}});
         StartInTeachersList();
         CheckPickerLayout(App().Form(kPicker), dpi);
         check(kPicker);

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -677,6 +678,46 @@ TEST_F(LessonEditing, RefusedSaveIsRaisedAndTheFileStays) {
     gLessonTitle = L"Two";
     Save(1);
     EXPECT_EQ(Bytes(), Counter(1) + Plain(1, "Two"));
+}
+
+TEST_F(LessonEditing, FileThatCannotBeReadIsNotTakenForEmpty) {
+    const std::string file = Counter(2) + Plain(1, "One") + Plain(2, "Two");
+    LoadFrom(file);
+    {
+        const HeldFile held(TeachersFile(), false);
+        ASSERT_TRUE(held.Held());
+        const auto raised = [&](const std::function<void()>& command, const wchar_t* source) {
+            const win32::AppError error = RaisedBy(command);
+            EXPECT_EQ(error.Source(), source);
+            EXPECT_TRUE(error.Description().starts_with(L"File " + gTeachersLessonsIni + L" could not be read. "));
+        };
+        raised([&] { Load(1); }, L"LoadLessonForEdit");
+        raised([] { GetNextTeachersLessonNbr(); }, L"GetNextTeachersLessonNbr");
+        raised([&] { Save(1); }, L"SaveLesson");
+        raised([] { SaveNewLesson(1); }, L"SaveNewLesson");
+    }
+    EXPECT_EQ(Bytes(), file);
+    EXPECT_FALSE(fs::exists(BackupFile()));
+}
+
+TEST_F(LessonEditing, CountBelowNoneMakesNoLessonDisappear) {
+    LoadFrom(Counter(-5) + Plain(1, "One"));
+    EXPECT_EQ(GetNextTeachersLessonNbr(), 1);
+    Save(1);
+    EXPECT_EQ(Bytes(), Counter(1) + Plain(1, "One"));
+}
+
+TEST_F(LessonEditing, TextThatWasCutStaysMarkedUntilItIsChanged) {
+    const std::string cut(300, 'x');
+    LoadFrom(Counter(1) + Section(1, "T", "I", "2", "Space", {{"1", cut, "", cut}}));
+    const TaskRow before = tasks_[0];
+    tasks_.Replace(0, L"1", before.text, before.explanation);
+    EXPECT_TRUE(tasks_[0].textCut && tasks_[0].explanationCut);
+    tasks_.Replace(0, L"1", before.text, L"new");
+    EXPECT_TRUE(tasks_[0].textCut);
+    EXPECT_FALSE(tasks_[0].explanationCut);
+    tasks_.Replace(0, L"1", L"new", L"new");
+    EXPECT_FALSE(tasks_[0].textCut);
 }
 
 // ---- removing -------------------------------------------------------------------------------------------------------

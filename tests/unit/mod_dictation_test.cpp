@@ -2,6 +2,7 @@
 #include "dictation/modDictation.h"
 
 #include <filesystem>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -315,6 +316,38 @@ TEST_F(Dictations, RefusedSaveIsRaisedAndTheFileStays) {
     EXPECT_EQ(Bytes(), file);
 }
 
+TEST_F(Dictations, FileThatCannotBeReadIsNotTakenForEmpty) {
+    const std::string file = Counter(2) + Plain(1, "One") + Plain(2, "Two");
+    WriteBytes(TeachersFile(), file);
+    tasks_.Add({L"d", L"d"});
+    TreeForm form;
+    form.Load();
+    {
+        const HeldFile held(TeachersFile(), false);
+        ASSERT_TRUE(held.Held());
+        const auto raised = [&](const std::function<void()>& command, const wchar_t* source) {
+            const win32::AppError error = RaisedBy(command);
+            EXPECT_EQ(error.Source(), source);
+            EXPECT_TRUE(error.Description().starts_with(L"File " + gTeachersDictationsIni + L" could not be read. "));
+        };
+        raised([&] { LoadDictations(gTeachersDictationsIni, form.tvTasks); }, L"LoadDictations");
+        raised([&] { LoadDictationForEdit(gTeachersDictationsIni, 1, tasks_); }, L"LoadDictation");
+        raised([] { GetNextTeachersDictationNbr(); }, L"GetNextTeachersDictationNbr");
+        raised([&] { SaveLesson(1, L"New", tasks_); }, L"SaveLesson");
+        raised([] { RemoveLesson(1); }, L"SaveNewLesson");
+    }
+    EXPECT_EQ(Bytes(), file);
+    EXPECT_FALSE(fs::exists(BackupFile()));
+}
+
+TEST_F(Dictations, CountBelowNoneMakesNoLessonDisappear) {
+    WriteBytes(TeachersFile(), Counter(-5));
+    EXPECT_EQ(GetNextTeachersDictationNbr(), 1);
+    tasks_.Add({L"d1", L"d1"});
+    SaveLesson(1, L"First", tasks_);
+    EXPECT_EQ(Bytes(), Counter(1) + Section(1, "First", Many(1)));
+}
+
 TEST_F(Dictations, NextNumberAfter32767IsError6) {
     WriteBytes(TeachersFile(), Counter(32767));
     EXPECT_EQ(RaisedBy([] { GetNextTeachersDictationNbr(); }).Number(), win32::kOverflowNumber);
@@ -326,6 +359,8 @@ TEST_F(Dictations, LessonBytesCountTheWholeSection) {
     tasks_.Add({L"ab", L"abc"});
     const std::string section = "DefTitle=T.NbrOfTasks=1.PRINT_USA_TASK_01=ab.SPELL_USA_TASK_01=abc..";
     EXPECT_EQ(LessonBytes(L"T", tasks_), section.size());
+    tasks_.Replace(0, {L"ab\r", L"abc"});
+    EXPECT_EQ(LessonBytes(L"T", tasks_), section.size() + 1) << "a label is handed over with its CR";
 }
 
 // ---- removing

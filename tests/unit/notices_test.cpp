@@ -11,6 +11,8 @@ namespace {
 
 using namespace notices;
 
+constexpr RowNames kTexts{L"The text of task ", L"The texts of tasks "};
+
 TEST(ValueNotice, SaysNothingOfATextThatIsKept) {
     for (const std::wstring& text :
          {std::wstring(), std::wstring(L"asdf jkl;"), std::wstring(254, L'x'), std::wstring(254, L'\u00e4'),
@@ -41,14 +43,43 @@ TEST(ValueNotice, TellsOfQuotationMarksAroundTheWholeText) {
 
 TEST(CutValueNotice, NamesEveryValueThatLostItsEnd) {
     EXPECT_EQ(CutValueNotice({}), L"");
-    EXPECT_EQ(CutValueNotice({L"The title"}),
+    EXPECT_EQ(CutValueNotice({{L"The title"}}),
               L"The title was stored too long: only the first 254 characters were read, and no more can be saved.");
-    EXPECT_EQ(CutValueNotice({L"The title", L"The text of task 3"}),
+    EXPECT_EQ(CutValueNotice({{L"The title"}, {L"The text of task 3"}}),
               L"The title and the text of task 3 were stored too long: only the first 254 characters were read, and no "
               L"more can be saved.");
-    EXPECT_EQ(CutValueNotice({L"The title", L"The introduction", L"The text of task 3"}),
+    EXPECT_EQ(CutValueNotice({{L"The title"}, {L"The introduction"}, {L"The text of task 3"}}),
               L"The title, the introduction and the text of task 3 were stored too long: only the first 254 characters "
               L"were read, and no more can be saved.");
+    EXPECT_EQ(CutValueNotice({Numbered(kTexts, {1, 2})}),
+              L"The texts of tasks 1 and 2 were stored too long: only the first 254 characters were read, and no more "
+              L"can be saved.");
+}
+
+TEST(NumberList, ReadsOutRunsShortly) {
+    EXPECT_EQ(NumberList({}), L"");
+    EXPECT_EQ(NumberList({7}), L"7");
+    EXPECT_EQ(NumberList({7, 8}), L"7 and 8");
+    EXPECT_EQ(NumberList({7, 8, 9}), L"7 to 9");
+    EXPECT_EQ(NumberList({1, 3, 4, 6, 7, 8, 10}), L"1, 3, 4, 6 to 8 and 10");
+    EXPECT_EQ(NumberList({1, 2, 3, 4, 100}), L"1 to 4 and 100");
+}
+
+TEST(RowNotice, OneTextIsNamedLikeAnyOther) {
+    EXPECT_EQ(RowNotice(kTexts, {}), L"");
+    EXPECT_EQ(RowNotice(kTexts, {L"short", L""}), L"");
+    for (const std::wstring& text : {std::wstring(255, L'x'), std::wstring(L"\u0416"), std::wstring(L"'hello'")})
+        EXPECT_EQ(RowNotice(kTexts, {L"short", text}), ValueNotice(L"The text of task 2", text));
+}
+
+TEST(RowNotice, AHundredTextsAreToldInOneSentence) {
+    const std::wstring longText(255, L'x');
+    EXPECT_EQ(RowNotice(kTexts, std::vector<std::wstring_view>(100, longText)),
+              L"The texts of tasks 1 to 100 are too long: of each only its first 254 characters are read back.");
+    EXPECT_EQ(RowNotice(kTexts, {L"\"a\"", longText, L"\u0416", L"", L"'b'", longText, L"\u0416\u0416"}),
+              L"The texts of tasks 2 and 6 are too long: of each only its first 254 characters are read back. "
+              L"The texts of tasks 3 and 7 have characters that the file cannot keep. "
+              L"The texts of tasks 1 and 5 stand in quotation marks, and these are not read back.");
 }
 
 TEST(LessonSizeNotice, TellsOfASectionThatOutgrowsTheMovingBuffer) {
