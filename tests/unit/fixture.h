@@ -41,6 +41,14 @@ win32::AppError RaisedBy(const Run& run) {
     return {0, L"", L""};
 }
 
+/// Expects that `run` tells of `file`, which another program keeps to itself, with `source` as the error's source.
+template <typename Run>
+void ExpectUnreadable(const std::wstring& file, const wchar_t* source, const Run& run) {
+    const win32::AppError error = RaisedBy(run);
+    EXPECT_EQ(error.Source(), source);
+    EXPECT_TRUE(error.Description().starts_with(L"File " + file + L" could not be read. "));
+}
+
 /// A test in a folder of its own, to which all file names of the session point; the folder is removed afterwards.
 class FolderTest : public ::testing::Test {
 protected:

@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <functional>
 #include <string>
 #include <vector>
 
@@ -686,15 +685,10 @@ TEST_F(LessonEditing, FileThatCannotBeReadIsNotTakenForEmpty) {
     {
         const HeldFile held(TeachersFile(), false);
         ASSERT_TRUE(held.Held());
-        const auto raised = [&](const std::function<void()>& command, const wchar_t* source) {
-            const win32::AppError error = RaisedBy(command);
-            EXPECT_EQ(error.Source(), source);
-            EXPECT_TRUE(error.Description().starts_with(L"File " + gTeachersLessonsIni + L" could not be read. "));
-        };
-        raised([&] { Load(1); }, L"LoadLessonForEdit");
-        raised([] { GetNextTeachersLessonNbr(); }, L"GetNextTeachersLessonNbr");
-        raised([&] { Save(1); }, L"SaveLesson");
-        raised([] { SaveNewLesson(1); }, L"SaveNewLesson");
+        ExpectUnreadable(gTeachersLessonsIni, L"LoadLessonForEdit", [&] { Load(1); });
+        ExpectUnreadable(gTeachersLessonsIni, L"GetNextTeachersLessonNbr", [] { GetNextTeachersLessonNbr(); });
+        ExpectUnreadable(gTeachersLessonsIni, L"SaveLesson", [&] { Save(1); });
+        ExpectUnreadable(gTeachersLessonsIni, L"SaveNewLesson", [] { SaveNewLesson(1); });
     }
     EXPECT_EQ(Bytes(), file);
     EXPECT_FALSE(fs::exists(BackupFile()));

@@ -2,7 +2,6 @@
 #include "dictation/modDictation.h"
 
 #include <filesystem>
-#include <functional>
 #include <string>
 #include <vector>
 
@@ -325,16 +324,13 @@ TEST_F(Dictations, FileThatCannotBeReadIsNotTakenForEmpty) {
     {
         const HeldFile held(TeachersFile(), false);
         ASSERT_TRUE(held.Held());
-        const auto raised = [&](const std::function<void()>& command, const wchar_t* source) {
-            const win32::AppError error = RaisedBy(command);
-            EXPECT_EQ(error.Source(), source);
-            EXPECT_TRUE(error.Description().starts_with(L"File " + gTeachersDictationsIni + L" could not be read. "));
-        };
-        raised([&] { LoadDictations(gTeachersDictationsIni, form.tvTasks); }, L"LoadDictations");
-        raised([&] { LoadDictationForEdit(gTeachersDictationsIni, 1, tasks_); }, L"LoadDictation");
-        raised([] { GetNextTeachersDictationNbr(); }, L"GetNextTeachersDictationNbr");
-        raised([&] { SaveLesson(1, L"New", tasks_); }, L"SaveLesson");
-        raised([] { RemoveLesson(1); }, L"SaveNewLesson");
+        ExpectUnreadable(gTeachersDictationsIni, L"LoadDictations",
+                         [&] { LoadDictations(gTeachersDictationsIni, form.tvTasks); });
+        ExpectUnreadable(gTeachersDictationsIni, L"LoadDictation",
+                         [&] { LoadDictationForEdit(gTeachersDictationsIni, 1, tasks_); });
+        ExpectUnreadable(gTeachersDictationsIni, L"GetNextTeachersDictationNbr", [] { GetNextTeachersDictationNbr(); });
+        ExpectUnreadable(gTeachersDictationsIni, L"SaveLesson", [&] { SaveLesson(1, L"New", tasks_); });
+        ExpectUnreadable(gTeachersDictationsIni, L"SaveNewLesson", [] { RemoveLesson(1); });
     }
     EXPECT_EQ(Bytes(), file);
     EXPECT_FALSE(fs::exists(BackupFile()));
