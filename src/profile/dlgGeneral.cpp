@@ -66,7 +66,7 @@ void dlgGeneral::ShowGeneralDialog(const std::wstring& kind, const std::wstring&
 
 void dlgGeneral::OnOKButtonClick() {
     // Of two boxes the second one holds the answer.
-    const win32::TextBox& answer = kind_ == kRemoveKind ? txtGeneral2 : txtGeneral;
+    const win32::ValueBox& answer = kind_ == kRemoveKind ? txtGeneral2 : txtGeneral;
     channel::SendToScreenReader(kind_ + gSep + answer.Text());
     Close(win32::kResultOk);
 }

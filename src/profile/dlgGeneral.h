@@ -20,9 +20,9 @@ public:
     win32::InfoText rtfLessonTaskInfo{*this, IDC_GENERAL_INFO, L"rtfLessonTaskInfo"};
     win32::Label lblInstructions{*this, IDC_GENERAL_INSTRUCTIONS, L"lblInstructions"};
     win32::Label lblBox1{*this, IDC_GENERAL_BOX1_NAME, L"lblBox1"};
-    win32::TextBox txtGeneral{*this, IDC_GENERAL_BOX1, L"txtGeneral"};
+    win32::ValueBox txtGeneral{*this, IDC_GENERAL_BOX1, L"txtGeneral"};
     win32::Label lblBox2{*this, IDC_GENERAL_BOX2_NAME, L"lblBox2"};
-    win32::TextBox txtGeneral2{*this, IDC_GENERAL_BOX2, L"txtGeneral2"};
+    win32::ValueBox txtGeneral2{*this, IDC_GENERAL_BOX2, L"txtGeneral2"};
 
 private:
     dlgGeneral();

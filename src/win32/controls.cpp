@@ -261,9 +261,32 @@ int ListBox::Selected() const { return static_cast<int>(Send(LB_GETCURSEL)); }
 
 void ListBox::Select(int index) const { Send(LB_SETCURSEL, static_cast<WPARAM>(index)); }
 
-void ListBox::Clear() const { Send(LB_RESETCONTENT); }
+void ListBox::Clear() const {
+    Send(LB_RESETCONTENT);
+    Send(LB_SETHORIZONTALEXTENT, 0);
+}
 
-void ListBox::Add(const std::wstring& text) const { Send(LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text.c_str())); }
+void ListBox::Add(const std::wstring& text) const {
+    Send(LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text.c_str()));
+    MakeRoomFor(text);
+}
+
+void ListBox::MakeRoomFor(const std::wstring& text) const {
+    constexpr int kMargin = 8;  // pixels
+    const int width = Owner().ToPixels(Owner().TextTwips(text).width) + kMargin;
+    if (width > static_cast<int>(Send(LB_GETHORIZONTALEXTENT)))
+        Send(LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(width));
+}
+
+void ListBox::OnDpiChanged() {
+    Send(LB_SETHORIZONTALEXTENT, 0);
+    for (int index = 0; index < Count(); ++index) {
+        const auto line = static_cast<WPARAM>(index);
+        std::wstring text(static_cast<std::size_t>(Send(LB_GETTEXTLEN, line)), L'\0');
+        Send(LB_GETTEXT, line, reinterpret_cast<LPARAM>(text.data()));
+        MakeRoomFor(text);
+    }
+}
 
 void ListBox::Remove(int index) const { Send(LB_DELETESTRING, static_cast<WPARAM>(index)); }
 

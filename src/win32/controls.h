@@ -194,7 +194,7 @@ public:
     void Say(const std::wstring& text) const;
 };
 
-/// A list box of texts.
+/// A list box of texts, which scrolls sideways when a text is wider than the list.
 class ListBox : public Control {
 public:
     using Control::Control;
@@ -211,7 +211,11 @@ public:
     void SetRedraw(bool redraw) const;
 
 protected:
+    void OnDpiChanged() override;
     void OnNotification(unsigned code) override;
+
+private:
+    void MakeRoomFor(const std::wstring& text) const;
 };
 
 /// A drop-down list of texts.

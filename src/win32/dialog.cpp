@@ -53,9 +53,10 @@ int Dialog::ShowModal() {
     {
         const ActiveScope active(*this);
         if (owner != nullptr) EnableWindow(owner, FALSE);
+        // On showing, the dialog manager would give the focus to the first tab stop, and that would be spoken first.
+        FirstFocus().Focus();
         ShowWindow(Handle(), SW_SHOW);
         SetForegroundWindow(Handle());
-        FirstFocus().Focus();
         RunMessages(*this, open_);
         open_ = false;
     }
@@ -135,9 +136,9 @@ void Dialog::LayOutFrame(Placer& placer, const OptionFrame& frame, const Box& bo
     }
 }
 
-std::vector<std::pair<const Control*, Box>> Dialog::MeasureLines(const std::vector<Control*>& lines, int top) {
+std::vector<Dialog::PlacedLine> Dialog::MeasureLines(const std::vector<Control*>& lines, int top) {
     const int width = ClientTwips().width;
-    std::vector<std::pair<const Control*, Box>> measured;
+    std::vector<PlacedLine> measured;
     for (const Control* control : lines) {
         if (!control->IsShown()) continue;
         const bool isBox = dynamic_cast<const TextBox*>(control) != nullptr;
@@ -147,6 +148,16 @@ std::vector<std::pair<const Control*, Box>> Dialog::MeasureLines(const std::vect
         top += height + kLineGap;
     }
     return measured;
+}
+
+void Dialog::LowerTallest(std::vector<PlacedLine>& lines, int excess) {
+    const auto tallest = std::max_element(
+        lines.begin(), lines.end(),
+        [](const PlacedLine& one, const PlacedLine& other) { return one.second.height < other.second.height; });
+    if (tallest == lines.end()) return;
+    const int taken = std::clamp(excess, 0, std::max(0, tallest->second.height - TextTwips(L"A").height));
+    tallest->second.height -= taken;
+    for (auto later = tallest + 1; later != lines.end(); ++later) later->second.top -= taken;
 }
 
 void Dialog::OnLayout() {
@@ -159,8 +170,6 @@ void Dialog::OnLayout() {
         placer.Put(*control, box);
         top = box.Bottom() + kLineGap;
     }
-    const auto below = MeasureLines(parts.below, kLineGap);
-    const int linesHeight = below.empty() ? 0 : below.back().second.Bottom();
     const auto buttons = MeasureButtons(parts.buttons, kPickerLeft, width);
     const int buttonHeight = buttons.front().box.height;
 
@@ -171,16 +180,22 @@ void Dialog::OnLayout() {
     for (const OptionFrame& frame : parts.frames) framesHeight = std::max(framesHeight, FrameHeight(frame, frameWidth));
     const bool notes = parts.notice != nullptr && parts.notice->IsShown();
     const int noticeHeight = notes ? WrappedHeight(parts.notice->Text(), width) : 0;
-    const int belowMain =
-        linesHeight + (frameCount == 0 ? 0 : framesHeight + kLineGap) + (notes ? noticeHeight + kLineGap : 0);
+    const int belowLines = (frameCount == 0 ? 0 : framesHeight + kLineGap) + (notes ? noticeHeight + kLineGap : 0);
+    const auto layOut = [&](int linesHeight) {
+        return LayOutPicker(client.width, client.height, top, buttonHeight, linesHeight + belowLines);
+    };
+    auto below = MeasureLines(parts.below, kLineGap);
+    const auto linesHeight = [&] { return below.empty() ? 0 : below.back().second.Bottom(); };
+    // No text is so long that it may push the boxes and buttons below it out of the window.
+    LowerTallest(below, linesHeight() + BoxHeight() - layOut(0).main.height);
 
-    const PickerLayout layout = LayOutPicker(client.width, client.height, top, buttonHeight, belowMain);
+    const PickerLayout layout = layOut(linesHeight());
     placer.Put(*parts.main, layout.main);
     for (auto [control, box] : below) {
         box.top += layout.main.Bottom();
         placer.Put(*control, box);
     }
-    top = layout.main.Bottom() + linesHeight + kLineGap;
+    top = layout.main.Bottom() + linesHeight() + kLineGap;
     for (int i = 0; i < frameCount; ++i)
         LayOutFrame(placer, parts.frames[static_cast<std::size_t>(i)],
                     {kPickerLeft + i * (frameWidth + kPickerLeft), top, frameWidth, framesHeight});

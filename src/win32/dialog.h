@@ -96,8 +96,12 @@ protected:
 private:
     static void SelectAllText();
 
+    using PlacedLine = std::pair<const Control*, Box>;
+
     /// Labels and one-line boxes one below the other, in twips, with the top of the first at `top`.
-    std::vector<std::pair<const Control*, Box>> MeasureLines(const std::vector<Control*>& lines, int top);
+    std::vector<PlacedLine> MeasureLines(const std::vector<Control*>& lines, int top);
+    /// Takes `excess` twips, but at most all lines of text but one, from the tallest, and moves up those below it.
+    void LowerTallest(std::vector<PlacedLine>& lines, int excess);
 
     DialogStyle style_;
     int mResult = kResultCancelled;

@@ -33,6 +33,15 @@ void RemoveNameProperty(HWND window) {
 
 bool IsHeld(int virtualKey) { return GetKeyState(virtualKey) < 0; }
 
+/// Whether Enter went down in another window and only repeats in this one, where it would choose before anything was
+/// spoken.
+bool IsHeldFromAnotherWindow(HWND window, LPARAM keyData) {
+    constexpr LPARAM kWasDown = 1 << 30;
+    static HWND pressedIn = nullptr;
+    if ((keyData & kWasDown) == 0) pressedIn = window;
+    return pressedIn != window;
+}
+
 Box ToBox(const RECT& rectangle) {
     return {rectangle.left, rectangle.top, rectangle.right - rectangle.left, rectangle.bottom - rectangle.top};
 }
@@ -232,6 +241,7 @@ bool Form::PreviewKey(const MSG& message) {
     const bool up = message.message == WM_KEYUP || message.message == WM_SYSKEYUP;
     if (!down && !up) return false;
     if (message.hwnd != handle_ && IsChild(handle_, message.hwnd) == FALSE) return false;
+    if (down && message.wParam == VK_RETURN && IsHeldFromAnotherWindow(handle_, message.lParam)) return true;
     const KeyEvent key{static_cast<int>(message.wParam), {IsHeld(VK_CONTROL), IsHeld(VK_MENU), IsHeld(VK_SHIFT)}};
     bool used = true;
     RunReported([&] { used = down ? OnKeyDown(key) : OnKeyUp(key); });

@@ -62,6 +62,18 @@ protected:
     static std::wstring Request() { return Main().cmdAccessibility.Text(); }
     static std::wstring Typed() { return Main().rtfEdit.Text(); }
 
+    /// The controls that get the focus until the dialog waits for the user; it is cancelled then.
+    static std::vector<std::wstring> FocusedOnOpening(const win32::Dialog& form, const std::function<void()>& show) {
+        const FocusLog log;
+        std::vector<std::wstring> names;
+        During(show, [&] {
+            for (HWND window : log.windows)
+                if (IsChild(form.Handle(), window) != FALSE) names.push_back(NameProperty(window));
+            Click(form.CancelButton);
+        });
+        return names;
+    }
+
 private:
     std::optional<win32::ActiveScope> active_;
 };
@@ -385,6 +397,13 @@ protected:
         SendMessageW(list.Handle(), CB_SETCURSEL, static_cast<WPARAM>(index), 0);
     }
     static void Check(const win32::CheckButton& button) { SendMessageW(button.Handle(), BM_CLICK, 0, 0); }
+    /// A subclass procedure that notes what the file holds whenever the window gets a text.
+    static LRESULT CALLBACK NoteStored(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
+                                       DWORD_PTR stored) {
+        if (message == WM_SETTEXT) reinterpret_cast<std::vector<std::string>*>(stored)->push_back(Stored());
+        if (message == WM_NCDESTROY) RemoveWindowSubclass(window, &NoteStored, id);
+        return DefSubclassProc(window, message, wParam, lParam);
+    }
 
     static constexpr char kTutor[] = "[Tutor]\r\nVersion=1\r\n";
 };
@@ -408,6 +427,24 @@ TEST_F(ProfileDialogTest, OpensWithItsDefaultsAndTexts) {
     EXPECT_EQ(result, 2);
     EXPECT_EQ(Request(), L"StudentProfile\x05\x04");
     EXPECT_EQ(Stored(), kTutor) << "a cancelled profile is not written";
+}
+
+TEST_F(ProfileDialogTest, NothingButTheYearListGetsTheFocusOnOpening) {
+    EXPECT_EQ(FocusedOnOpening(Form(),
+                               [] {
+                                   int result = 0;
+                                   Form().ShowStudentProfileDialog(L"StudentProfile", L"Student Profile", result);
+                               }),
+              Texts{L"cmboBirthYear"});
+}
+
+TEST_F(ProfileDialogTest, TheRequestGoesOutBeforeTheProfileIsWritten) {
+    std::vector<std::string> stored;
+    ASSERT_TRUE(
+        SetWindowSubclass(Main().cmdAccessibility.Handle(), &NoteStored, 1, reinterpret_cast<DWORD_PTR>(&stored)));
+    EXPECT_EQ(Show([] { Click(Form().OKButton); }), 1);
+    EXPECT_EQ(stored, std::vector<std::string>{kTutor});
+    EXPECT_NE(Stored(), kTutor);
 }
 
 TEST_F(ProfileDialogTest, ChoosingNothingStoresTheDefaults) {
@@ -632,6 +669,38 @@ TEST_F(GeneralDialogTest, LinesBelowTheInformationStandInOrderAboveTheButtons) {
         EXPECT_LE(bottom, Form().ToPixels(Form().ClientTwips().height));
         Click(Form().CancelButton);
     });
+}
+
+TEST_F(GeneralDialogTest, NothingButTheAnswersBoxGetsTheFocusOnOpening) {
+    for (const Way way : {kInsert, kRemove})
+        EXPECT_EQ(FocusedOnOpening(Form(),
+                                   [&] {
+                                       int result = 0;
+                                       (Form().*way)(result);
+                                   }),
+                  Texts{L"txtGeneral"});
+}
+
+TEST_F(GeneralDialogTest, LongInstructionsNeverPushTheAnswersOut) {
+    WriteBytes(RealUserFolder() / L"KSGeneral.ini",
+               "[General]\r\nSingleRow=s\r\nMultiRow=a" + std::string(120, '\x07') + "z\r\n");
+    Show(kRemove, [] {
+        EXPECT_GE(PlaceOf(Form().lblBox1.Handle()).top, PlaceOf(Form().lblInstructions.Handle()).bottom);
+        EXPECT_GE(PlaceOf(Form().lblInstructions.Handle()).top, PlaceOf(Form().rtfLessonTaskInfo.Handle()).bottom);
+        EXPECT_GE(Form().rtfLessonTaskInfo.HeightTwips(), Form().TextTwips(L"A").height) << "one line is to be seen";
+        EXPECT_LE(PlaceOf(Form().CancelButton.Handle()).bottom, Form().ToPixels(Form().ClientTwips().height));
+        Click(Form().CancelButton);
+    });
+}
+
+TEST_F(GeneralDialogTest, ATextOfManyLinesIsSentAsOne) {
+    Show(kInsert, [] {
+        Form().txtGeneral.SetText(L"ab\r\ncd");
+        Click(Form().OKButton);
+    });
+    EXPECT_EQ(Request(),
+              L".\x05"
+              L"abcd");
 }
 
 TEST_F(GeneralDialogTest, AMissingTextFileIsReportedAndNothingOpens) {

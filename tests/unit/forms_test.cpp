@@ -204,6 +204,27 @@ TEST(ErrorReport, AnErrorInAHandlerIsOneBoxAndTheFormGoesOn) {
     EXPECT_TRUE(form.IsLoaded());
 }
 
+TEST(Form, EnterThatWentDownInAnotherWindowChoosesNothing) {
+    TreeForm former;
+    TreeForm later;
+    former.Load();
+    later.Load();
+    constexpr LPARAM kRepeats = 1 << 30;
+    const auto enter = [](win32::Form& form, LPARAM keyData) {
+        MSG message{};
+        message.hwnd = form.Handle();
+        message.message = WM_KEYDOWN;
+        message.wParam = VK_RETURN;
+        message.lParam = keyData;
+        return form.PreviewKey(message);
+    };
+    EXPECT_FALSE(enter(former, 0));
+    EXPECT_FALSE(enter(former, kRepeats)) << "held in the same window it goes on typing";
+    EXPECT_TRUE(enter(later, kRepeats));
+    EXPECT_FALSE(enter(later, 0)) << "pressed anew it is this window's";
+    EXPECT_FALSE(enter(later, kRepeats));
+}
+
 TEST(ErrorReport, AnErrorOfAButtonAndOfAKeyIsReportedToo) {
     TreeForm form;
     form.Load();

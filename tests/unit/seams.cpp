@@ -1,4 +1,5 @@
-// Seams of the tests with windows: a recorder of spoken names, a watch that answers message boxes, held modifier keys.
+// Seams of the tests with windows: a recorder of spoken names, a watch that answers message boxes, a log of the focus,
+// held modifier keys.
 #include "unit/seams.h"
 
 #include <algorithm>
@@ -26,6 +27,7 @@ private:
 };
 
 BoxWatch* watching = nullptr;
+FocusLog* logging = nullptr;
 
 std::wstring TextOf(HWND window) {
     std::array<wchar_t, 2048> text{};
@@ -81,6 +83,21 @@ void BoxWatch::Note(HWND window) {
     std::sort(box.buttons.begin(), box.buttons.end());
     boxes.push_back(std::move(box));
     PostMessageW(window, WM_COMMAND, MAKEWPARAM(answer_, BN_CLICKED), 0);
+}
+
+FocusLog::FocusLog() : hook_(SetWindowsHookExW(WH_CBT, &FocusLog::Hook, nullptr, GetCurrentThreadId())) {
+    logging = this;
+}
+
+FocusLog::~FocusLog() {
+    UnhookWindowsHookEx(hook_);
+    logging = nullptr;
+}
+
+LRESULT CALLBACK FocusLog::Hook(int code, WPARAM wParam, LPARAM lParam) {
+    if (code == HCBT_SETFOCUS && wParam != 0 && logging != nullptr)
+        logging->windows.push_back(reinterpret_cast<HWND>(wParam));
+    return CallNextHookEx(nullptr, code, wParam, lParam);
 }
 
 HeldKeys::HeldKeys(const win32::Modifiers& held) { Set(held); }

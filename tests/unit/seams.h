@@ -1,4 +1,5 @@
-// Seams of the tests with windows: a recorder of spoken names, a watch that answers message boxes, held modifier keys.
+// Seams of the tests with windows: a recorder of spoken names, a watch that answers message boxes, a log of the focus,
+// held modifier keys.
 #pragma once
 
 #include <map>
@@ -63,6 +64,22 @@ private:
     int answer_;
     HHOOK hook_;
     std::vector<HWND> seen_;
+};
+
+/// The windows of this thread that got the focus while this lives, one after the other.
+class FocusLog {
+public:
+    FocusLog();
+    FocusLog(const FocusLog&) = delete;
+    FocusLog& operator=(const FocusLog&) = delete;
+    ~FocusLog();
+
+    std::vector<HWND> windows;
+
+private:
+    static LRESULT CALLBACK Hook(int code, WPARAM wParam, LPARAM lParam);
+
+    HHOOK hook_;
 };
 
 /// Holds modifier keys down for the key state that this thread sees.
