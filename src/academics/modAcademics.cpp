@@ -30,16 +30,14 @@ std::int16_t LoopEnd(std::int16_t count) {
     return std::max<std::int16_t>(count, 0);
 }
 
-std::int16_t TopicCount(const profile::Section& section, std::int16_t defaultCount) {
-    return LoopEnd(section.ReadInt16(kTopicCountKey, defaultCount));
-}
-
-std::vector<std::wstring> ReadTopics(const profile::Section& section, std::int16_t count) {
-    std::vector<std::wstring> topics;
-    topics.reserve(static_cast<std::size_t>(count));
+/// Reads a section's topics into its row and returns their number: `defaultCount` where the section states none.
+std::int16_t ReadTopics(const profile::Section& section, std::int16_t defaultCount, std::vector<std::wstring>& row) {
+    const std::int16_t count = LoopEnd(section.ReadInt16(kTopicCountKey, defaultCount));
+    row.clear();
+    row.reserve(static_cast<std::size_t>(count));
     for (std::int16_t topic = 1; topic <= count; ++topic)
-        topics.push_back(win32::TrimBlanks(section.ReadString(TopicKey(topic), kNotFound)));
-    return topics;
+        row.push_back(win32::TrimBlanks(section.ReadString(TopicKey(topic), kNotFound)));
+    return count;
 }
 
 }  // namespace
@@ -60,16 +58,15 @@ std::int16_t LoadAcademics(const std::wstring& catalogue, std::vector<std::wstri
     topicCounts.clear();
     topics.clear();
     std::int16_t topicCount = 0;
-    std::size_t allTopics = 0;
+    auto nodes = static_cast<std::size_t>(count);
     for (std::int16_t number = 1; number <= count; ++number) {
         const profile::Section section(catalogue, SectionKey(number));
         sections.push_back(win32::TrimBlanks(section.ReadString(L"SECTION_NAME", kNotFound)));
         // A section that states no count has its predecessor's.
-        topicCount = TopicCount(section, topicCount);
-        allTopics += static_cast<std::size_t>(topicCount);
-        if (allTopics > kMaxListedTopics) throw win32::SubscriptError(kSource);
+        topicCount = ReadTopics(section, topicCount, topics.emplace_back());
+        nodes += static_cast<std::size_t>(topicCount);
+        if (nodes > kMaxListed) throw win32::SubscriptError(kSource);
         topicCounts.push_back(topicCount);
-        topics.push_back(ReadTopics(section, topicCount));
     }
     return count;
 }
@@ -77,12 +74,9 @@ std::int16_t LoadAcademics(const std::wstring& catalogue, std::vector<std::wstri
 std::int16_t LoadAcademicTopics(const std::wstring& catalogue, std::int16_t section, TopicTable& topics,
                                 std::int16_t defaultCount) {
     modUtils::RequireFile(catalogue, kSource);
-    const profile::Section stored(catalogue, SectionKey(section));
-    const std::int16_t count = TopicCount(stored, defaultCount);
     const auto row = static_cast<std::size_t>(section) - 1;
     if (topics.size() <= row) topics.resize(row + 1);
-    topics[row] = ReadTopics(stored, count);
-    return count;
+    return ReadTopics(profile::Section(catalogue, SectionKey(section)), defaultCount, topics[row]);
 }
 
 std::int16_t LoadQuizTitles(const std::wstring& quizFile, std::wstring_view topicName,

@@ -11,8 +11,8 @@
 
 namespace modAcademics {
 
-/// All topics of a catalogue together; more of them are error 9. No tree could show them.
-inline constexpr std::size_t kMaxListedTopics = 65535;
+/// All sections and topics of a catalogue together; more of them are error 9. A tree with more seems to be empty.
+inline constexpr std::size_t kMaxListed = 65535;
 
 /// Topic t of section s stands at [s - 1][t - 1].
 using TopicTable = std::vector<std::vector<std::wstring>>;
@@ -42,7 +42,7 @@ std::wstring QuizSectionName(std::wstring_view topicName, std::int16_t quiz);
 // more is error 6: the 16-bit numbers end before a loop over it does.
 
 /// Reads the whole catalogue and returns the number of sections. A section without a topic count has as many topics as
-/// the section before it. Raises error 9 for more than kMaxListedTopics topics.
+/// the section before it. Raises error 9 for more than kMaxListed sections and topics.
 std::int16_t LoadAcademics(const std::wstring& catalogue, std::vector<std::wstring>& sections,
                            std::vector<std::int16_t>& topicCounts, TopicTable& topics);
 /// Reads the topics of one section into its row and returns their number: `defaultCount` where the file states none.

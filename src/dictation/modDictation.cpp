@@ -7,6 +7,7 @@
 #include "shell/channel.h"
 #include "shell/lesson_file.h"
 #include "shell/modGlobals.h"
+#include "shell/modUtils.h"
 #include "win32/error.h"
 
 namespace modDictation {
@@ -57,7 +58,7 @@ std::optional<DictationRow> WrittenRow(std::wstring label, std::wstring text) {
 }
 
 std::int16_t LoadDictations(const std::wstring& file, win32::TreeView& tree) {
-    lesson_file::Require(file, L"LoadDictations");
+    modUtils::RequireFile(file, L"LoadDictations");
     const win32::HiddenTree hidden(tree);
     const std::int16_t count = lesson_file::LessonCount(ListIn(file));
     for (int lesson = 1; lesson <= count; ++lesson) AddLesson(file, static_cast<std::int16_t>(lesson), tree);
@@ -65,12 +66,12 @@ std::int16_t LoadDictations(const std::wstring& file, win32::TreeView& tree) {
 }
 
 std::int16_t LoadDictation(const std::wstring& file, std::int16_t lesson, win32::TreeView& tree) {
-    lesson_file::Require(file, L"LoadDictation");
+    modUtils::RequireFile(file, L"LoadDictation");
     return AddLesson(file, lesson, tree);
 }
 
 void LoadTask(const std::wstring& file, std::wstring_view section, std::int16_t task, win32::TreeView& tree) {
-    lesson_file::Require(file, L"LoadTask");
+    modUtils::RequireFile(file, L"LoadTask");
     AddTask(profile::Section(file, section), tree.FindKey(section), lesson_file::ParseNodeKey(section).lesson, task,
             tree);
 }
@@ -78,7 +79,7 @@ void LoadTask(const std::wstring& file, std::wstring_view section, std::int16_t 
 std::int16_t LoadDictationForEdit(const std::wstring& file, std::int16_t lesson, DictationTable& tasks,
                                   bool* titleCut) {
     constexpr wchar_t kSource[] = L"LoadDictation";
-    lesson_file::Require(file, kSource);
+    modUtils::RequireFile(file, kSource);
     const profile::Section section(file, lesson_file::SectionName(lesson));
     const std::int16_t taskCount = section.ReadInt16(lesson_file::kTaskCountKey);
     gDictationTitle = ReadText(section, lesson_file::kTitleKey);

@@ -119,17 +119,17 @@ std::vector<profile::Line> LessonLines(std::wstring_view title, std::wstring_vie
 Variant WritingVariant() { return IsLanguageOne() ? Variant::Eng : Variant::Usa; }
 
 std::wstring GetLessonTitle(const std::wstring& file, std::int16_t lesson) {
-    lesson_file::Require(file, L"GetLessonTitle");
+    modUtils::RequireFile(file, L"GetLessonTitle");
     return ReadVariant(profile::Section(file, lesson_file::SectionName(lesson)), TitleKeys());
 }
 
 std::wstring GetLessonIntro(const std::wstring& file, std::int16_t lesson) {
-    lesson_file::Require(file, L"GetLessonIntro");
+    modUtils::RequireFile(file, L"GetLessonIntro");
     return ReadVariant(profile::Section(file, lesson_file::SectionName(lesson)), IntroKeys());
 }
 
 std::wstring GetTaskDisplay(const std::wstring& file, std::wstring_view section, std::int16_t task) {
-    lesson_file::Require(file, L"GetTaskDisplay");
+    modUtils::RequireFile(file, L"GetTaskDisplay");
     return ReadVariant(profile::Section(file, section), TaskTextKeys(task));
 }
 
@@ -144,7 +144,7 @@ std::vector<CatalogueLesson> ReadCatalogue(const std::wstring& file) {
 }
 
 std::int16_t LoadLessons(const std::wstring& file, win32::TreeView& tree) {
-    lesson_file::Require(file, L"LoadLessons");
+    modUtils::RequireFile(file, L"LoadLessons");
     const win32::HiddenTree hidden(tree);
     std::vector<CatalogueLesson> lessons = ReadCatalogue(file);
     for (CatalogueLesson& lesson : lessons) {
@@ -160,7 +160,7 @@ std::int16_t GetNextTeachersLessonNbr() {
 
 std::int16_t LoadLessonForEdit(const std::wstring& file, std::int16_t lesson, TaskTable& tasks, win32::ListBox& list,
                                CutDetails* cut) {
-    lesson_file::Require(file, L"LoadLessonForEdit");
+    modUtils::RequireFile(file, L"LoadLessonForEdit");
     const profile::Section section(file, lesson_file::SectionName(lesson));
     const std::int16_t taskCount = section.ReadInt16(lesson_file::kTaskCountKey);
     const std::wstring titleKey = ChosenKey(section, TitleKeys());
@@ -176,7 +176,7 @@ std::int16_t LoadLessonForEdit(const std::wstring& file, std::int16_t lesson, Ta
 
 void LoadTaskForEdit(const std::wstring& file, std::wstring_view section, std::int16_t task, TaskTable& tasks,
                      win32::ListBox& list) {
-    lesson_file::Require(file, L"LoadTaskForEdit");
+    modUtils::RequireFile(file, L"LoadTaskForEdit");
     ReadTaskForEdit(profile::Section(file, section), task, tasks, list);
 }
 

@@ -6,7 +6,6 @@
 #include "shell/modGlobals.h"
 #include "shell/modUtils.h"
 #include "win32/error.h"
-#include "win32/files.h"
 #include "win32/text.h"
 
 namespace lesson_file {
@@ -46,23 +45,18 @@ std::wstring ReadText(const profile::Section& section, std::wstring_view key) {
     return win32::TrimBlanks(text);
 }
 
-void Require(const std::wstring& path, std::wstring_view source) {
-    modUtils::RequireFile(path, source);
-    win32::files::RequireReadable(path, source);
-}
-
 std::int16_t LessonCount(const File& file) {
     return std::max<std::int16_t>(profile::ReadInt16(file.path, file.listSection, kLessonCountKey), 0);
 }
 
 std::int16_t NextLesson(const File& file, std::wstring_view source) {
-    Require(file.path, source);
+    modUtils::RequireFile(file.path, source);
     return win32::ToInt16(LessonCount(file) + 1);
 }
 
 void WriteLesson(const File& file, std::int16_t lesson, std::span<const profile::Line> lines,
                  std::wstring_view source) {
-    Require(file.path, source);
+    modUtils::RequireFile(file.path, source);
     const std::int16_t lessonCount = LessonCount(file);
     modUtils::KeepBackup(file.path);
     const std::wstring section = SectionName(lesson);
@@ -79,7 +73,7 @@ void WriteLesson(const File& file, std::int16_t lesson, std::span<const profile:
 
 std::int16_t RemoveLesson(const File& file, std::int16_t lesson, std::vector<std::int16_t>* cutLessons,
                           std::wstring_view source) {
-    Require(file.path, source);
+    modUtils::RequireFile(file.path, source);
     const std::int16_t count = LessonCount(file);
     if (count < 1 || lesson < 1 || lesson > count) return 0;
     modUtils::KeepBackup(file.path);

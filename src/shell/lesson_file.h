@@ -45,24 +45,20 @@ struct File {
     const wchar_t* listSection;
 };
 
-/// Raises file-not-found under `source`, and the system's reason when the file is there but cannot be read: taken for
-/// empty, it would lose its lessons at the next save.
-void Require(const std::wstring& path, std::wstring_view source);
-
 /// How many lessons the file states; less than none counts as none. Raises error 6 for a count that does not fit 16
 /// bits.
 std::int16_t LessonCount(const File& file);
-/// The number that the next new lesson gets. Raises like `Require`, and error 6 after 32767.
+/// The number that the next new lesson gets. Raises like RequireFile, and error 6 after 32767.
 std::int16_t NextLesson(const File& file, std::wstring_view source);
 
 /// Writes a lesson's whole section, and the counter when the lesson is a new one, after keeping the file as it was.
-/// Raises like `Require`, and what the system refuses, under `source`.
+/// Raises like RequireFile, and what the system refuses, under `source`.
 void WriteLesson(const File& file, std::int16_t lesson, std::span<const win32::profile::Line> lines,
                  std::wstring_view source);
 
 /// Removes a lesson after keeping the file as it was, and closes the gap; returns its number, or 0 when there is no
 /// such lesson. Adds to `cutLessons` the new numbers of lessons that lost their end on moving. Raises like
-/// `Require`, and what the system refuses, under `source`: then some lessons may stand twice in the file, none is
+/// RequireFile, and what the system refuses, under `source`: then some lessons may stand twice in the file, none is
 /// missing.
 std::int16_t RemoveLesson(const File& file, std::int16_t lesson, std::vector<std::int16_t>* cutLessons,
                           std::wstring_view source);

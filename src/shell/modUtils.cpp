@@ -78,6 +78,7 @@ win32::AppError FileNotFound(const std::wstring& path, std::wstring_view source)
 
 void RequireFile(const std::wstring& path, std::wstring_view source) {
     if (!FileExists(path)) throw FileNotFound(path, source);
+    win32::files::RequireReadable(path, source);
 }
 
 std::wstring ZeroPad(std::int16_t number, std::size_t width) {

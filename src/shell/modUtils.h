@@ -19,7 +19,8 @@ bool FolderExists(const std::wstring& path);
 bool FileExists(const std::wstring& path);
 /// The file-not-found error, with the procedure's name as its source.
 win32::AppError FileNotFound(const std::wstring& path, std::wstring_view source);
-/// Raises the file-not-found error when the file does not exist.
+/// Raises the file-not-found error when the file does not exist, and the system's reason when it cannot be read: to the
+/// INI calls such a file would be an empty one.
 void RequireFile(const std::wstring& path, std::wstring_view source);
 
 /// The decimal digits with "0" in front until the text has `width` characters; a longer number is returned whole.

@@ -108,8 +108,11 @@ TEST_F(AcademicsTest, CountsBeyondWhatIsThereGiveNotFoundTexts) {
     EXPECT_EQ(topics_.back().back(), L"not found");
 }
 
-TEST_F(AcademicsTest, MoreTopicsThanAnyTreeCouldShowAreError9) {
+TEST_F(AcademicsTest, MoreSectionsAndTopicsThanATreeShowsAreError9) {
     ExpectError("[Academics]\r\nNbrOfSections=32766\r\n[SECTION_01]\r\nNbrOfTopics=32766\r\n", win32::kSubscriptNumber);
+    constexpr char kTwoFullSections[] = "[SECTION_01]\r\nNbrOfTopics=32766\r\n[SECTION_03]\r\nNbrOfTopics=0\r\n";
+    EXPECT_EQ(Load(std::string("[Academics]\r\nNbrOfSections=3\r\n") + kTwoFullSections), 3);
+    ExpectError(std::string("[Academics]\r\nNbrOfSections=4\r\n") + kTwoFullSections, win32::kSubscriptNumber);
 }
 
 TEST_F(AcademicsTest, OneSectionsTopicsAreReadIntoItsRow) {
@@ -184,6 +187,16 @@ TEST_F(AcademicsTest, EveryReaderReportsAMissingFileAsLoadAcademics) {
     ExpectNotFound(RaisedBy([&] { GetQuizFileName(file, L"SECTION_01", L"FILE_NAME_01"); }), file);
     ExpectNotFound(RaisedBy([&] { GetTopicName(file, L"SECTION_01", L"TOPIC_NAME_01"); }), file);
     ExpectNotFound(RaisedBy([&] { LoadQuizTitles(Folder().wstring(), L"Math", titles); }), Folder().wstring());
+}
+
+TEST_F(AcademicsTest, AFileThatCannotBeReadIsNotTakenForEmpty) {
+    const std::wstring file = NewFile("[Academics]\r\nNbrOfSections=1\r\n");
+    const HeldFile held(file, false);
+    ASSERT_TRUE(held.Held());
+    Texts titles;
+    ExpectUnreadable(file, L"LoadAcademics", [&] { LoadAcademics(file, sections_, counts_, topics_); });
+    ExpectUnreadable(file, L"LoadAcademics", [&] { LoadQuizTitles(file, L"Math", titles); });
+    ExpectUnreadable(file, L"LoadAcademics", [&] { GetQuizFileName(file, L"SECTION_01", L"FILE_NAME_01"); });
 }
 
 TEST_F(AcademicsTest, AQuizFileLiesInTheQuizFolderOrBelowIt) {

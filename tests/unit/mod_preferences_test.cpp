@@ -100,6 +100,29 @@ TEST_F(PreferencesTest, AMissingFileIsReported) {
     EXPECT_EQ(error.Description(), L"File " + file + L"not found.");
 }
 
+TEST_F(PreferencesTest, AFileThatCannotBeReadIsNotTakenForEmpty) {
+    const std::wstring file = NewFile("[UserPreferences]\r\na=1\r\n");
+    const HeldFile held(file, false);
+    ASSERT_TRUE(held.Held());
+    ExpectUnreadable(file, L"LoadPreferences", [&] { modPreferences::LoadPreferences(file, form_.lstPreferences); });
+}
+
+TEST_F(PreferencesTest, ATextWiderThanTheListCanBeScrolledTo) {
+    const auto extent = [&] { return SendMessageW(form_.lstPreferences.Handle(), LB_GETHORIZONTALEXTENT, 0, 0); };
+    const std::wstring wide(250, L'w');
+    Load("a=short\r\nb=" + std::string(250, 'w') + "\r\nc=short\r\n");
+    const auto wideExtent = extent();
+    EXPECT_GE(wideExtent, form_.ToPixels(form_.TextTwips(wide).width));
+    RECT suggested{0, 0, 500, 500};
+    SendMessageW(form_.Handle(), WM_DPICHANGED, MAKEWPARAM(2 * form_.Dpi(), 2 * form_.Dpi()),
+                 reinterpret_cast<LPARAM>(&suggested));
+    EXPECT_GE(extent(), form_.ToPixels(form_.TextTwips(wide).width));
+    EXPECT_GT(extent(), wideExtent) << "the letters have grown";
+    form_.lstPreferences.Clear();
+    form_.lstPreferences.Add(L"short");
+    EXPECT_LT(extent(), wideExtent);
+}
+
 TEST_F(PreferencesTest, ASectionThatFillsTheBufferToTheByteIsListedWhole) {
     // One byte of the 4096 ends the list.
     for (const std::size_t bytes : {std::size_t{4093}, std::size_t{4094}, std::size_t{4095}}) {
