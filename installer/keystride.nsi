@@ -3,7 +3,6 @@
 Unicode true
 Target amd64-unicode
 !include LogicLib.nsh
-!include WinVer.nsh
 !include WordFunc.nsh
 !insertmacro VersionCompare
 
@@ -98,8 +97,9 @@ FunctionEnd
 
 Function .onInit
     Call Prepare
-    ${IfNot} ${AtLeastBuild} 14393
-        !insertmacro Refuse "Keystride needs Windows 10, version 1607, or a newer Windows. Nothing has been changed." ${EXIT_NOT_POSSIBLE}
+    System::Call '$PLUGINSDIR\setup_helper.dll::OldWindowsText(w .r1) ? u'
+    ${If} $1 != ""
+        !insertmacro Refuse "$1" ${EXIT_NOT_POSSIBLE}
     ${EndIf}
     System::Call 'msi::MsiEnumRelatedProductsW(w "{${UPGRADE_CODE}}", i 0, i 0, w .r1) i .r0'
     ${If} $0 == 0
@@ -147,6 +147,7 @@ Section "Keystride"
         Call StopOnTrouble
     ${EndIf}
 
+    ClearErrors
     CreateDirectory "${MENU_FOLDER}"
     CreateShortcut "${MENU_FOLDER}\Keystride.lnk" "$INSTDIR\keystride.exe" "" "" "" SW_SHOWNORMAL "" "Typing tutor"
     CreateShortcut "${MENU_FOLDER}\Keystride Guide.lnk" "$INSTDIR\guide\index.html" "" "" "" SW_SHOWNORMAL "" "How to use Keystride"
@@ -161,6 +162,11 @@ Section "Keystride"
     WriteRegDWORD HKLM "${UNINSTALL_KEY}" "EstimatedSize" ${SIZE_KB}
     WriteRegDWORD HKLM "${UNINSTALL_KEY}" "NoModify" 1
     WriteRegDWORD HKLM "${UNINSTALL_KEY}" "NoRepair" 1
+    ${If} ${Errors}
+        StrCpy $0 1
+        StrCpy $1 "The entries in the Start menu and in the list of programs could not be written."
+        Call StopOnTrouble
+    ${EndIf}
 
     ${If} $3 != ""
         StrCpy $3 "$\r$\nThese files had been edited and are kept beside the new ones: $3."

@@ -53,6 +53,13 @@ std::vector<ListedFile> ReadList(const fs::path& list, const Folders& folders) {
     return files;
 }
 
+/// Reads a list without which nothing can be done.
+std::vector<ListedFile> ReadNeededList(const fs::path& list, const Folders& folders) {
+    auto files = ReadList(list, folders);
+    if (files.empty()) throw FileTrouble(list.wstring() + L" could not be read", ERROR_FILE_NOT_FOUND);
+    return files;
+}
+
 /// Removes the folders above the file that are left empty, below `base`.
 void RemoveEmptyFolders(const fs::path& file, const fs::path& base) {
     for (fs::path folder = file.parent_path(); folder != base && folder.has_relative_path();
@@ -69,20 +76,6 @@ void Delete(const fs::path& file) {
         throw FileTrouble(file.wstring() + L" could not be removed", error);
 }
 
-/// Copies in one step over what is there: a full disk leaves the old file whole.
-void Copy(const fs::path& source, const fs::path& target) {
-    std::error_code ignored;
-    fs::create_directories(target.parent_path(), ignored);
-    const fs::path half(target.wstring() + L".new");
-    SetFileAttributesW(target.c_str(), FILE_ATTRIBUTE_NORMAL);
-    if (CopyFileW(source.c_str(), half.c_str(), FALSE) != FALSE &&
-        MoveFileExW(half.c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != FALSE)
-        return;
-    const DWORD error = GetLastError();
-    DeleteFileW(half.c_str());
-    throw FileTrouble(target.wstring() + L" could not be written", error);
-}
-
 /// Gives the file a name that is still free; returns it.
 fs::path KeepAside(const fs::path& file) {
     for (int number = 1;; ++number) {
@@ -92,6 +85,31 @@ fs::path KeepAside(const fs::path& file) {
         if (error != ERROR_ALREADY_EXISTS && error != ERROR_FILE_EXISTS)
             throw FileTrouble(file.wstring() + L" could not be kept under another name", error);
     }
+}
+
+/// Copies in one step over what is there: a full disk leaves the old file whole. With `aside` the old file is kept
+/// under another name, which is added there.
+void Copy(const fs::path& source, const fs::path& target, std::vector<std::wstring>* aside = nullptr) {
+    std::error_code ignored;
+    fs::create_directories(target.parent_path(), ignored);
+    const fs::path half(target.wstring() + L".new");
+    fs::path kept;
+    const auto fail = [&](DWORD error) {
+        DeleteFileW(half.c_str());
+        if (!kept.empty()) MoveFileExW(kept.c_str(), target.c_str(), 0);
+        throw FileTrouble(target.wstring() + L" could not be written", error);
+    };
+    if (CopyFileW(source.c_str(), half.c_str(), FALSE) == FALSE) fail(GetLastError());
+    SetFileAttributesW(target.c_str(), FILE_ATTRIBUTE_NORMAL);
+    try {
+        if (aside != nullptr) kept = KeepAside(target);
+    } catch (const FileTrouble&) {
+        DeleteFileW(half.c_str());
+        throw;
+    }
+    if (MoveFileExW(half.c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) == FALSE)
+        fail(GetLastError());
+    if (aside != nullptr) aside->push_back(kept.wstring());
 }
 
 const ListedFile* Find(const std::vector<ListedFile>& files, const fs::path& entry) {
@@ -120,20 +138,21 @@ void RemoveProgramFolder(const fs::path& folder) {
 }  // namespace
 
 std::vector<std::wstring> Put(const fs::path& staged, const fs::path& previous, const Folders& folders) {
-    const auto files = ReadList(staged / kListName, folders);
+    const auto files = ReadNeededList(staged / kListName, folders);
     const Folders before{previous.empty() ? folders.program : previous, folders.data};
     const auto oldFiles = ReadList(before.program / kListName, before);
     std::vector<std::wstring> aside;
     for (const auto& file : files) {
         const std::string present = HashOf(file.target);
         if (present == file.hash) continue;
+        bool keeps = false;
         if (GetFileAttributesW(file.target.c_str()) != INVALID_FILE_ATTRIBUTES) {
             const ListedFile* old = Find(oldFiles, file.entry);
             const bool edited = old == nullptr || old->hash != present;
             if (file.kind == "settings" || (file.kind == "seed" && edited)) continue;
-            if (file.kind == "catalogue" && edited) aside.push_back(KeepAside(file.target).wstring());
+            keeps = file.kind == "catalogue" && edited;
         }
-        Copy(staged / file.entry, file.target);
+        Copy(staged / file.entry, file.target, keeps ? &aside : nullptr);
     }
     Copy(staged / kListName, folders.program / kListName);
 
@@ -149,7 +168,7 @@ std::vector<std::wstring> Put(const fs::path& staged, const fs::path& previous, 
 
 void Remove(const Folders& folders) {
     std::optional<FileTrouble> first;
-    for (const auto& file : ReadList(folders.program / kListName, folders)) {
+    for (const auto& file : ReadNeededList(folders.program / kListName, folders)) {
         try {
             RemoveListed(file, folders);
         } catch (const FileTrouble& trouble) {

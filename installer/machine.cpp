@@ -1,17 +1,18 @@
-// Running copies, the rights of the data folder, hashes of files.
+// The Windows and the running copies of a machine, hashes of files.
 #include "machine.h"
 
 #include "shell/running.h"
 #include "win32/unique_handle.h"
 #include "win32/windows_api.h"
 
-#include <aclapi.h>
 #include <bcrypt.h>
-#include <sddl.h>
 #include <tlhelp32.h>
 
 #include <array>
 #include <vector>
+
+// The headers of user programs do not declare it.
+extern "C" LONG NTAPI RtlGetVersion(PRTL_OSVERSIONINFOW version);
 
 namespace installer {
 
@@ -20,10 +21,6 @@ using win32::UniqueHandle;
 namespace {
 
 constexpr wchar_t kProgramFile[] = L"keystride.exe";
-
-/// System and administrators (BA) may do everything, everybody (WD) may read; nothing is inherited from above and all
-/// of it is passed on. By SID: the groups' names differ from language to language.
-constexpr wchar_t kDataFolderRights[] = L"O:BAD:PAI(A;OICI;FA;;;SY)(A;OICI;FA;;;BA)(A;OICI;0x1200a9;;;WD)";
 
 /// A SHA-256 in the making.
 class Hash {
@@ -59,6 +56,17 @@ private:
 
 }  // namespace
 
+const wchar_t* const kOldWindows =
+    L"Keystride needs Windows 10, version 1607, or a newer Windows. Nothing has been changed.";
+
+bool IsOldWindows() {
+    constexpr DWORD kVersion1607 = 14393;
+    RTL_OSVERSIONINFOW version{};
+    version.dwOSVersionInfoSize = sizeof version;
+    // Other calls tell a program that does not know this Windows of an older one.
+    return RtlGetVersion(&version) < 0 || version.dwBuildNumber < kVersion1607;
+}
+
 const wchar_t* const kRefusal =
     L"Keystride is running, on this screen or for another user who is signed in. Close it, then try again. Nothing has "
     L"been changed.";
@@ -66,7 +74,8 @@ const wchar_t* const kRefusal =
 bool IsRunning() {
     // The mutex shows any copy of this session; the list of processes those of the other sessions.
     const UniqueHandle<HANDLE, &CloseHandle> mutex(OpenMutexW(SYNCHRONIZE, FALSE, ModMain::kRunningMutex));
-    if (mutex) return true;
+    // A copy that another user started here with an administrator's rights lets nobody look.
+    if (mutex || GetLastError() == ERROR_ACCESS_DENIED) return true;
     const HANDLE list = CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0);
     if (list == INVALID_HANDLE_VALUE) return false;
     const UniqueHandle<HANDLE, &CloseHandle> owned(list);
@@ -76,27 +85,6 @@ bool IsRunning() {
         if (CompareStringOrdinal(process.szExeFile, -1, kProgramFile, -1, TRUE) == CSTR_EQUAL) return true;
     }
     return false;
-}
-
-unsigned long Protect(const std::filesystem::path& folder) {
-    PSECURITY_DESCRIPTOR rights = nullptr;
-    if (ConvertStringSecurityDescriptorToSecurityDescriptorW(kDataFolderRights, SDDL_REVISION_1, &rights, nullptr) ==
-        FALSE)
-        return GetLastError();
-    const UniqueHandle<HLOCAL, &LocalFree> owned(rights);
-    PSID owner = nullptr;
-    PACL list = nullptr;
-    BOOL present = FALSE;
-    BOOL byDefault = FALSE;
-    if (GetSecurityDescriptorOwner(rights, &owner, &byDefault) == FALSE ||
-        GetSecurityDescriptorDacl(rights, &present, &list, &byDefault) == FALSE)
-        return GetLastError();
-    // A folder that a user made beforehand must not stay that user's: an owner can always give himself every right.
-    std::wstring path = folder.wstring();
-    return SetNamedSecurityInfoW(
-        path.data(), SE_FILE_OBJECT,
-        OWNER_SECURITY_INFORMATION | DACL_SECURITY_INFORMATION | PROTECTED_DACL_SECURITY_INFORMATION, owner, nullptr,
-        list, nullptr);
 }
 
 std::string HashOf(const std::filesystem::path& file) {

@@ -1,4 +1,4 @@
-// What the installers ask and change on a machine: running copies, the rights of the data folder, hashes of files.
+// What the installers ask a machine: its Windows, running copies, hashes of files.
 #pragma once
 
 #include <filesystem>
@@ -9,11 +9,14 @@ namespace installer {
 /// What to tell whoever meets a running copy.
 extern const wchar_t* const kRefusal;
 
+/// What to tell whoever has a Windows that is too old.
+extern const wchar_t* const kOldWindows;
+
+/// Whether this Windows is older than Windows 10, version 1607.
+bool IsOldWindows();
+
 /// Whether Keystride runs: in this session or for another user who is signed in.
 bool IsRunning();
-
-/// Makes a folder readable by everybody and writable by administrators only. Returns the system's error number.
-unsigned long Protect(const std::filesystem::path& folder);
 
 /// The SHA-256 of a file in small hexadecimal digits; empty when it cannot be read.
 std::string HashOf(const std::filesystem::path& file);

@@ -7,6 +7,7 @@
 
 #include "listed_files.h"
 #include "machine.h"
+#include "rights.h"
 
 namespace {
 
@@ -68,6 +69,8 @@ int KeystrideIsRunning() { return installer::IsRunning() ? 1 : 0; }
 
 void RefusalText(wchar_t* text) { Give(installer::kRefusal, text); }
 
+void OldWindowsText(wchar_t* text) { Give(installer::IsOldWindows() ? installer::kOldWindows : L"", text); }
+
 int ProtectFolder(const wchar_t* folder) { return static_cast<int>(installer::Protect(folder)); }
 
 int PutFiles(const wchar_t* staged, const wchar_t* previous, const wchar_t* program, const wchar_t* data,
@@ -84,6 +87,8 @@ int RemoveFiles(const wchar_t* program, const wchar_t* data, wchar_t* text) {
 
 UINT __stdcall MsiRefuse(MSIHANDLE session) {
     std::wstring refusal = Property(session, L"REFUSAL");
+    const bool installed = !Property(session, L"Installed").empty();
+    if (refusal.empty() && !installed && installer::IsOldWindows()) refusal = installer::kOldWindows;
     if (refusal.empty() && installer::IsRunning()) refusal = installer::kRefusal;
     if (refusal.empty()) return ERROR_SUCCESS;
     Say(session, INSTALLMESSAGE_ERROR, refusal);

@@ -15,7 +15,11 @@ KEYSTRIDE_ENTRY int KeystrideIsRunning();
 /// What to tell whoever meets a running copy.
 KEYSTRIDE_ENTRY void RefusalText(wchar_t* text);
 
-/// Makes a folder readable by everybody and writable by administrators only. Returns the system's error number.
+/// What to tell whoever has a Windows that is too old; empty when it is not.
+KEYSTRIDE_ENTRY void OldWindowsText(wchar_t* text);
+
+/// Makes a folder and all in it readable by everybody and writable by administrators only. Returns the system's error
+/// number.
 KEYSTRIDE_ENTRY int ProtectFolder(const wchar_t* folder);
 
 /// Puts a version in place over the one in `previous` (empty for none). Returns the system's error number; the text is
@@ -29,7 +33,8 @@ KEYSTRIDE_ENTRY int RemoveFiles(const wchar_t* program, const wchar_t* data, wch
 
 // For the MSI: its own actions.
 
-/// Ends the installation with the sentence in REFUSAL, if there is one, and while Keystride runs.
+/// Ends the installation with the sentence in REFUSAL, if there is one, on a Windows that is too old, and while
+/// Keystride runs.
 KEYSTRIDE_ENTRY UINT __stdcall MsiRefuse(MSIHANDLE session);
 
 /// Protects the folder whose path came with the action.
