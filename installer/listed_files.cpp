@@ -94,21 +94,20 @@ void Copy(const fs::path& source, const fs::path& target, std::vector<std::wstri
     fs::create_directories(target.parent_path(), ignored);
     const fs::path half(target.wstring() + L".new");
     fs::path kept;
-    const auto fail = [&](DWORD error) {
-        DeleteFileW(half.c_str());
-        if (!kept.empty()) MoveFileExW(kept.c_str(), target.c_str(), 0);
-        throw FileTrouble(target.wstring() + L" could not be written", error);
+    const auto check = [&](BOOL done) {
+        if (const DWORD error = GetLastError(); done == FALSE)
+            throw FileTrouble(target.wstring() + L" could not be written", error);
     };
-    if (CopyFileW(source.c_str(), half.c_str(), FALSE) == FALSE) fail(GetLastError());
-    SetFileAttributesW(target.c_str(), FILE_ATTRIBUTE_NORMAL);
     try {
+        check(CopyFileW(source.c_str(), half.c_str(), FALSE));
+        SetFileAttributesW(target.c_str(), FILE_ATTRIBUTE_NORMAL);
         if (aside != nullptr) kept = KeepAside(target);
+        check(MoveFileExW(half.c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH));
     } catch (const FileTrouble&) {
         DeleteFileW(half.c_str());
+        if (!kept.empty()) MoveFileExW(kept.c_str(), target.c_str(), 0);
         throw;
     }
-    if (MoveFileExW(half.c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) == FALSE)
-        fail(GetLastError());
     if (aside != nullptr) aside->push_back(kept.wstring());
 }
 

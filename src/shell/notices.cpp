@@ -1,6 +1,8 @@
 // What the editors say of texts that the file would not keep.
 #include "shell/notices.h"
 
+#include <map>
+
 #include "shell/lesson_file.h"
 #include "shell/row_table.h"
 #include "win32/profile.h"
@@ -10,7 +12,7 @@ namespace notices {
 
 namespace {
 
-/// What the file does not keep of a value.
+/// What the file does not keep of a value, in the order in which it is told.
 enum class Loss { None, End, Characters, Marks };
 
 Loss LossOf(std::wstring_view value) {
@@ -53,13 +55,12 @@ std::wstring ValueNotice(std::wstring_view what, std::wstring_view value) {
 }
 
 std::wstring RowNotice(const RowNames& names, const std::vector<std::wstring_view>& values) {
+    std::map<Loss, std::vector<std::size_t>> numbersOf;
+    for (std::size_t row = 0; row < values.size(); ++row) numbersOf[LossOf(values[row])].push_back(row + 1);
+    numbersOf.erase(Loss::None);
     std::vector<std::wstring> sentences;
-    for (const Loss loss : {Loss::End, Loss::Characters, Loss::Marks}) {
-        std::vector<std::size_t> numbers;
-        for (std::size_t row = 0; row < values.size(); ++row)
-            if (LossOf(values[row]) == loss) numbers.push_back(row + 1);
-        if (!numbers.empty()) sentences.push_back(Sentence(Numbered(names, numbers), loss));
-    }
+    sentences.reserve(numbersOf.size());
+    for (const auto& [loss, numbers] : numbersOf) sentences.push_back(Sentence(Numbered(names, numbers), loss));
     return JoinNotices(sentences);
 }
 
